@@ -1,0 +1,21 @@
+#pragma once
+#include <windows.h>
+#include "CStdStr.h"
+
+// Names the program behind a window: window -> process id -> executable file name
+// (e.g. "firefox.exe", with the case the file system has). A process that cannot be opened
+// gives an empty name.
+class CProcessFinder {
+public:
+    // The process-wide finder; created on first use when create is true, else possibly null.
+    static CProcessFinder* Instance(bool create);
+    // Deletes the process-wide finder (Instance(false) gives null afterwards).
+    static void DestroyInstance() noexcept;
+
+    CStdStr GetForegroundProcessName(HWND window) const;
+    CStdStr GetForegroundProcessName() const;
+    CStdStr GetProcessName(DWORD processId) const;
+    // The foreground window, waiting a short while (at most about a second) for one to exist;
+    // null when there is still none.
+    HWND WaitForegroundWindow() const noexcept;
+};
