@@ -1,1 +1,179 @@
-int wmain() { return 0; }
+// wbs: a command-line host over WebBrowserSupport.dll, the kind of program a user binds to a
+// button in any hotkey tool. Exit code 0 when the command was delivered, 1 when not, 2 on bad usage.
+#include <windows.h>
+#include <cstdio>
+#include <cstdlib>
+#include <cwchar>
+#include <string>
+#include <typeinfo>
+#include <vector>
+#include "IEventMgr.h"
+#include "IHandler.h"
+#include "WebBrowserSupport.h"
+
+namespace {
+const wchar_t kUsage[] =
+    L"usage: wbs [--window <hwnd>] <command>\n"
+    L"  back | forward           go back or forward in the browser in front (or the given window)\n"
+    L"  refresh                  refresh the browser in front (or the given window)\n"
+    L"  home                     the browser's home page (starts the default browser if none is in front)\n"
+    L"  search | favorites       the browser's search or favorites (default browser if none is in front)\n"
+    L"  go <url>                 go to a web address in the browser in front, or the default browser\n"
+    L"  open <url>               open a URL through the shell, or the registered HTML command\n"
+    L"  which                    name the driver for the window in front and for the default browser\n"
+    L"  --help                   this text\n";
+
+enum ExitCode { Delivered = 0, NotDelivered = 1, BadUsage = 2 };
+
+// The host's "AppOverrides" macro as a console host has it: it shows what it was asked and
+// leaves the command to the library's own fall-back (it reports that it did nothing).
+class ConsoleOverrides : public IHandler {
+public:
+    void Release() override {}
+    void SetStringParameter(const wchar_t* name, const wchar_t* value) override {
+        std::wprintf(L"AppOverrides %ls=%ls\n", name, value);
+    }
+    int Run() override { return 0; }
+};
+
+class ConsoleEventMgr : public IEventMgr {
+public:
+    IMacro* GetMacro(const wchar_t* name) override {
+        return std::wcscmp(name, L"AppOverrides") == 0 ? &overrides_ : nullptr;
+    }
+
+private:
+    ConsoleOverrides overrides_;
+};
+
+// The driver's class name without the compiler's decoration.
+std::wstring DriverName(const counted_ptr<iWebBrowser>& browser) {
+    if (!browser) return L"none";
+    std::string name = typeid(*browser).name();
+    if (name.rfind("class ", 0) == 0) name.erase(0, 6);
+    size_t digits = 0;
+    while (digits < name.size() && name[digits] >= '0' && name[digits] <= '9') ++digits;
+    name.erase(0, digits);
+    return std::wstring(name.begin(), name.end());
+}
+
+std::wstring WindowDescription(HWND window) {
+    if (window == nullptr) return L"none";
+    wchar_t className[256] = {};
+    wchar_t title[256] = {};
+    ::GetClassNameW(window, className, 256);
+    ::GetWindowTextW(window, title, 256);
+    wchar_t text[600];
+    std::swprintf(text, 600, L"0x%llx class \"%ls\" title \"%ls\"",
+                  static_cast<unsigned long long>(reinterpret_cast<UINT_PTR>(window)), className, title);
+    return text;
+}
+
+int Which(HWND window) {
+    cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
+    const HWND target = window ? window : ::GetForegroundWindow();
+    std::wprintf(L"window: %ls\n", WindowDescription(target).c_str());
+    for (const wchar_t* command : {L"BACK", L"FORWARD", L"REFRESH", L"HOME", L"SEARCH", L"FAVORITES", L"WEBADDRESS"})
+        std::wprintf(L"  %-10ls %ls\n", command, DriverName(list->GetForegroundWebBrowser(command, window)).c_str());
+    CStdStr commandLine;
+    if (FactoryListAccess::DefaultBrowserCommandLine(*list, commandLine))
+        std::wprintf(L"default browser: %ls\n", commandLine.c_str());
+    else
+        std::wprintf(L"default browser: none registered\n");
+    std::wprintf(L"  driver     %ls\n", DriverName(list->GetDefaultWebBrowser()).c_str());
+    return Delivered;
+}
+
+// Names the driver that will serve a command before the command runs.
+void Announce(const wchar_t* command, HWND window, bool withDefault) {
+    cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
+    counted_ptr<iWebBrowser> browser = list->GetForegroundWebBrowser(command, window);
+    const wchar_t* source = L"foreground";
+    if (!browser && withDefault) {
+        browser = list->GetDefaultWebBrowser();
+        source = L"default browser";
+    }
+    if (browser)
+        std::wprintf(L"%ls: %ls driver %ls\n", command, source, DriverName(browser).c_str());
+    else
+        std::wprintf(L"%ls: no browser recognised\n", command);
+}
+
+int Report(bool delivered) {
+    std::wprintf(L"%ls\n", delivered ? L"delivered" : L"not delivered");
+    return delivered ? Delivered : NotDelivered;
+}
+
+int Fail(const wchar_t* message) {
+    std::fwprintf(stderr, L"wbs: %ls (see wbs --help)\n", message);
+    return BadUsage;
+}
+
+bool ParseWindow(const wchar_t* text, HWND& window) {
+    wchar_t* end = nullptr;
+    const unsigned long long value = std::wcstoull(text, &end, 0);
+    if (end == text || *end != L'\0' || value == 0) return false;
+    window = reinterpret_cast<HWND>(static_cast<UINT_PTR>(value));
+    return true;
+}
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    std::vector<std::wstring> words;
+    HWND window = nullptr;
+    for (int i = 1; i < argc; ++i) {
+        const std::wstring arg = argv[i];
+        if (arg == L"--help" || arg == L"-h") {
+            std::fputws(kUsage, stdout);
+            return Delivered;
+        }
+        if (arg == L"--window") {
+            if (i + 1 >= argc) return Fail(L"--window needs a window handle");
+            if (!ParseWindow(argv[++i], window)) return Fail(L"--window takes a window handle such as 0x1a2b");
+            if (!::IsWindow(window)) return Fail(L"--window names no window");
+            continue;
+        }
+        if (arg.rfind(L"--", 0) == 0) return Fail((L"unknown option " + arg).c_str());
+        words.push_back(arg);
+    }
+    if (words.empty()) return Fail(L"no command given");
+
+    const std::wstring& command = words[0];
+    const bool takesUrl = command == L"go" || command == L"open";
+    if (takesUrl && words.size() != 2) return Fail((command + L" takes exactly one URL").c_str());
+    if (!takesUrl && words.size() != 1) return Fail((L"unexpected argument " + words[1]).c_str());
+
+    ConsoleEventMgr eventMgr;
+    if (command == L"back") {
+        Announce(L"BACK", window, false);
+        return Report(BrowserBack(&eventMgr, window));
+    }
+    if (command == L"forward") {
+        Announce(L"FORWARD", window, false);
+        return Report(BrowserForward(&eventMgr, window));
+    }
+    if (command == L"refresh") {
+        Announce(L"REFRESH", window, false);
+        return Report(BrowserRefresh(window));
+    }
+    if (command == L"home") {
+        Announce(L"HOME", window, true);
+        return Report(GoToBrowserHome(window));
+    }
+    if (window != nullptr && command != L"which") return Fail((command + L" always acts on the window in front").c_str());
+    if (command == L"search") {
+        Announce(L"SEARCH", nullptr, true);
+        return Report(BrowserSearch());
+    }
+    if (command == L"favorites") {
+        Announce(L"FAVORITES", nullptr, true);
+        return Report(BrowserShowFavorites());
+    }
+    if (command == L"go") {
+        Announce(L"WEBADDRESS", nullptr, true);
+        return Report(GoToWebAddress(CStdStr(words[1]), false, nullptr));
+    }
+    if (command == L"open") return Report(GotoURL(CStdStr(words[1]), SW_SHOWNORMAL));
+    if (command == L"which") return Which(window);
+    return Fail((L"unknown command " + command).c_str());
+}

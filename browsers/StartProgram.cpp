@@ -1,0 +1,65 @@
+#include "browsers/StartProgram.h"
+#include <vector>
+#include "core/ScopedHandle.h"
+#include "tovutil/BringProcessToForeground.h"
+
+namespace {
+constexpr DWORD kExpandedCapacity = 2056;
+constexpr int kForegroundTries = 6;
+constexpr DWORD kFirstForegroundWaitMs = 100;
+
+// Start-up and process records come zero-filled from the process heap and go back to it.
+struct HeapRecord {
+    explicit HeapRecord(SIZE_T size) noexcept : data(::HeapAlloc(::GetProcessHeap(), HEAP_ZERO_MEMORY, size)) {}
+    ~HeapRecord() {
+        if (data) ::HeapFree(::GetProcessHeap(), 0, data);
+    }
+    HeapRecord(const HeapRecord&) = delete;
+    HeapRecord& operator=(const HeapRecord&) = delete;
+    void* data;
+};
+}  // namespace
+
+bool StartProgram(const wchar_t* commandLine, HWND* window) {
+    if (commandLine == nullptr) return false;
+    const HWND previousForeground = ::GetForegroundWindow();
+
+    std::vector<wchar_t> expanded(kExpandedCapacity, L'\0');
+    const DWORD expandedLength = ::ExpandEnvironmentStringsW(commandLine, expanded.data(), kExpandedCapacity);
+    std::vector<wchar_t> line;
+    if (expandedLength > 0 && expandedLength <= kExpandedCapacity)
+        line.assign(expanded.begin(), expanded.begin() + expandedLength);
+    else
+        line.assign(commandLine, commandLine + ::lstrlenW(commandLine) + 1);
+    if (line.empty() || line.back() != L'\0') line.push_back(L'\0');
+
+    HeapRecord startupRecord(sizeof(STARTUPINFOW));
+    HeapRecord processRecord(sizeof(PROCESS_INFORMATION));
+    if (!startupRecord.data || !processRecord.data) return false;
+    auto* startup = static_cast<STARTUPINFOW*>(startupRecord.data);
+    auto* process = static_cast<PROCESS_INFORMATION*>(processRecord.data);
+    startup->cb = sizeof(STARTUPINFOW);
+    startup->dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEONFEEDBACK;
+    startup->wShowWindow = SW_SHOWNORMAL;
+
+    if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NEW_PROCESS_GROUP, nullptr,
+                          nullptr, startup, process))
+        return false;
+    ScopedHandle processHandle(process->hProcess);
+    ScopedHandle threadHandle(process->hThread);
+
+    ::WaitForInputIdle(processHandle.get(), INFINITE);
+    BringProcessToForeground(process->dwProcessId, processHandle.get());
+
+    // Give the program time to take the foreground: 100 ms, doubling, six times at most, and no
+    // longer once it has ended.
+    HWND foreground = ::GetForegroundWindow();
+    DWORD wait = kFirstForegroundWaitMs;
+    for (int attempt = 0; attempt < kForegroundTries && foreground == previousForeground; ++attempt, wait *= 2) {
+        ::Sleep(wait);
+        if (::WaitForSingleObject(processHandle.get(), 20) == WAIT_OBJECT_0) break;
+        foreground = ::GetForegroundWindow();
+    }
+    if (window) *window = ::GetForegroundWindow();
+    return true;
+}
