@@ -10,6 +10,9 @@ enum : SKERR {
     SKERR_BAD_COUNT = 4,      // a repeat count that is not a number in range
     SKERR_UNTYPABLE = 5,      // a character the keyboard layout cannot type
     SKERR_SEND_FAILED = 6,    // the system refused the input
+    SKERR_MISPLACED = 7,      // a modifier with no key after it, or a hold bracket inside a group,
+                              // after a modifier or inside another hold
+    SKERR_NO_MEMORY = 8,      // the key events did not fit in memory
 };
 
 // Types a key string into the foreground window (notation: ^ Ctrl, % Alt, + Shift, ~ Enter,
