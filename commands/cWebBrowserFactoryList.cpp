@@ -1,6 +1,7 @@
 #include "cWebBrowserFactoryList.h"
 #include "browsers/generic/cGenericWebBrowserFactory.h"
 #include "browsers/generic/cHelpBrowserFactory.h"
+#include "browsers/ie/cIEWebBrowserFactory.h"
 #include "core/StringCase.h"
 #include "tovutil/CProcessFinder.h"
 #include "tovutil/CRegistry.h"
@@ -38,6 +39,7 @@ iWebBrowserFactoryList::~iWebBrowserFactoryList() = default;
 
 cWebBrowserFactoryList::cWebBrowserFactoryList() {
     // The order is the tie-break between families: the first factory that claims a program wins.
+    factories_.push_back(new cIEWebBrowserFactory());
     factories_.push_back(new cGenericWebBrowserFactory());
     factories_.push_back(new cHelpBrowserFactory());
 }
