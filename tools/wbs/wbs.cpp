@@ -1,6 +1,7 @@
 // wbs: a command-line host over WebBrowserSupport.dll, the kind of program a user binds to a
 // button in any hotkey tool. Exit code 0 when the command was delivered, 1 when not, 2 on bad usage.
 #include <windows.h>
+#include <objbase.h>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -21,6 +22,11 @@ const wchar_t kUsage[] =
     L"  go <url>                 go to a web address in the browser in front, or the default browser\n"
     L"  open <url>               open a URL through the shell, or the registered HTML command\n"
     L"  which                    name the driver for the window in front and for the default browser\n"
+    L"  list-favorites --browser <family> [--json | --tree]\n"
+    L"                           the browser's favorites, one a line (Text, then a tab and Extra if any)\n"
+    L"  list-history --browser <family> [--json]\n"
+    L"                           the browser's typed addresses\n"
+    L"                           families: ie\n"
     L"  --help                   this text\n";
 
 enum ExitCode { Delivered = 0, NotDelivered = 1, BadUsage = 2 };
@@ -99,6 +105,129 @@ void Announce(const wchar_t* command, HWND window, bool withDefault) {
         std::wprintf(L"%ls: no browser recognised\n", command);
 }
 
+// The browser families wbs can list, named by the program their factory recognises.
+const struct {
+    const wchar_t* family;
+    const wchar_t* program;
+} kFamilies[] = {
+    {L"ie", L"iexplore.exe"},
+};
+
+void WriteUtf8(const std::wstring& text) {
+    if (text.empty()) return;
+    const int size = ::WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<size_t>(size), '\0');
+    ::WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(), size, nullptr, nullptr);
+    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+}
+
+std::wstring JsonString(const std::wstring& text) {
+    std::wstring quoted = L"\"";
+    for (wchar_t ch : text) {
+        switch (ch) {
+        case L'"': quoted += L"\\\""; break;
+        case L'\\': quoted += L"\\\\"; break;
+        case L'\n': quoted += L"\\n"; break;
+        case L'\r': quoted += L"\\r"; break;
+        case L'\t': quoted += L"\\t"; break;
+        default:
+            if (ch < 0x20) {
+                wchar_t escaped[8];
+                std::swprintf(escaped, 8, L"\\u%04x", static_cast<unsigned>(ch));
+                quoted += escaped;
+            } else {
+                quoted += ch;
+            }
+        }
+    }
+    return quoted + L"\"";
+}
+
+template <typename List>
+void PrintEntries(const List& list, bool json) {
+    if (json) {
+        std::wstring out = L"[";
+        bool first = true;
+        for (const auto& entry : list) {
+            out += first ? L"\n  " : L",\n  ";
+            out += L"{\"text\": " + JsonString(entry.Text) + L", \"extra\": " + JsonString(entry.Extra) + L"}";
+            first = false;
+        }
+        WriteUtf8(out + (first ? L"]\n" : L"\n]\n"));
+        return;
+    }
+    for (const auto& entry : list) WriteUtf8(entry.Text + (entry.Extra.empty() ? L"" : L"\t" + entry.Extra) + L"\n");
+}
+
+// The favorites as a tree: folders open at ":Start<name>" and close at ":End<name>"; a favorite
+// is its name, then its address (the text between the first "<" and the final ">").
+void PrintTree(const FavoritesList& list) {
+    int depth = 0;
+    for (const FavoriteEntry& entry : list) {
+        const std::wstring& text = entry.Text;
+        const bool marked = !text.empty() && text.back() == L'>';
+        if (marked && text.rfind(L":Start<", 0) == 0) {
+            WriteUtf8(std::wstring(depth * 2, L' ') + text.substr(7, text.size() - 8) + L"/\n");
+            ++depth;
+        } else if (marked && text.rfind(L":End<", 0) == 0) {
+            if (depth > 0) --depth;
+        } else {
+            const size_t open = text.find(L'<');
+            const std::wstring name = marked && open != std::wstring::npos ? text.substr(0, open) : text;
+            const std::wstring url = marked && open != std::wstring::npos ? text.substr(open + 1, text.size() - open - 2) : L"";
+            WriteUtf8(std::wstring(depth * 2, L' ') + name + (url.empty() ? L"" : L"  " + url) + L"\n");
+        }
+    }
+}
+
+int Fail(const wchar_t* message);
+
+// A driver for a browser family whether or not it runs: the family's factory is asked whether
+// the family's program is its own.
+int List(const std::vector<std::wstring>& words, bool history) {
+    std::wstring family;
+    bool json = false, tree = false;
+    for (size_t i = 1; i < words.size(); ++i) {
+        if (words[i] == L"--browser" && i + 1 < words.size()) family = words[++i];
+        else if (words[i] == L"--json") json = true;
+        else if (words[i] == L"--tree" && !history) tree = true;
+        else return Fail((L"unexpected argument " + words[i]).c_str());
+    }
+    if (family.empty()) return Fail(L"--browser <family> is needed");
+    if (json && tree) return Fail(L"--json and --tree do not go together");
+    const wchar_t* program = nullptr;
+    for (const auto& known : kFamilies)
+        if (family == known.family) program = known.program;
+    if (program == nullptr) return Fail((L"unknown browser family " + family).c_str());
+
+    iWebBrowser* out = nullptr;
+    for (iWebBrowserFactory* factory : cWebBrowserFactoryList::Instance()->GetBrowsers()) {
+        out = nullptr;
+        if (factory->IsBrowserProcess(CStdStr(program), out)) break;
+    }
+    counted_ptr<iWebBrowser> browser(out);
+    if (!browser) {
+        std::fwprintf(stderr, L"wbs: no driver for %ls\n", family.c_str());
+        return NotDelivered;
+    }
+    // The shell's shortcut objects need COM on this thread.
+    const HRESULT com = ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    bool found = false;
+    if (history) {
+        HistoryList list;
+        found = browser->GetHistory(list);
+        PrintEntries(list, json);
+    } else {
+        FavoritesList list;
+        found = browser->GetFavorites(list);
+        if (tree) PrintTree(list);
+        else PrintEntries(list, json);
+    }
+    browser.reset();
+    if (SUCCEEDED(com)) ::CoUninitialize();
+    return found ? Delivered : NotDelivered;
+}
+
 int Report(bool delivered) {
     std::wprintf(L"%ls\n", delivered ? L"delivered" : L"not delivered");
     return delivered ? Delivered : NotDelivered;
@@ -133,12 +262,17 @@ int wmain(int argc, wchar_t** argv) {
             if (!::IsWindow(window)) return Fail(L"--window names no window");
             continue;
         }
-        if (arg.rfind(L"--", 0) == 0) return Fail((L"unknown option " + arg).c_str());
+        const bool listing = !words.empty() && (words[0] == L"list-favorites" || words[0] == L"list-history");
+        if (arg.rfind(L"--", 0) == 0 && !listing) return Fail((L"unknown option " + arg).c_str());
         words.push_back(arg);
     }
     if (words.empty()) return Fail(L"no command given");
 
     const std::wstring& command = words[0];
+    if (command == L"list-favorites" || command == L"list-history") {
+        if (window != nullptr) return Fail(L"--window does not go with listing");
+        return List(words, command == L"list-history");
+    }
     const bool takesUrl = command == L"go" || command == L"open";
     if (takesUrl && words.size() != 2) return Fail((command + L" takes exactly one URL").c_str());
     if (!takesUrl && words.size() != 1) return Fail((L"unexpected argument " + words[1]).c_str());
