@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# The main job: wbs.exe driving real browser windows under Wine. Starts Wine's own Internet
+# Explorer and the fixture browser playing Firefox, calls the exported commands through wbs, and
+# shows which driver served each command and what the browser received.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=${WBS_BUILD_DIR:-$root/build}
+"$root/scripts/setup.sh" >/dev/null
+export WBS_WINEPREFIX="$build/wineprefix" WINEPREFIX="$build/wineprefix" WINEDEBUG=-all
+run() { "$root/cmake/wine-run.sh" "$@"; }
+wineserver -p 2>/dev/null || true  # already running is fine
+trap 'wineserver -k 2>/dev/null || true' EXIT
+
+demo=$build/demo
+rm -rf "$demo" && mkdir -p "$demo"
+cp "$build/bin/stubbrowser.exe" "$demo/firefox.exe"
+cp "$build/bin/stubbrowser.exe" "$demo/hh.exe"
+winpath() { run winepath -w "$1" 2>/dev/null | tr -d '\r'; }
+wbs() {
+  echo "\$ wbs $*"
+  set +e
+  run "$build/bin/wbs.exe" "$@" | tr -d '\r' | sed 's/^/  /'
+  echo "  (exit ${PIPESTATUS[0]})"
+  set -e
+}
+window_of() { grep -m1 -o 'main=0x[0-9a-fA-F]*' "$1" | cut -d= -f2; }
+wait_for() { for _ in $(seq 100); do [ -s "$1" ] && grep -q "$2" "$1" && return 0; sleep 0.1; done; return 1; }
+
+echo "== Wine's own Internet Explorer"
+run 'C:\Program Files\Internet Explorer\iexplore.exe' about:blank &
+for _ in $(seq 100); do run "$build/bin/wbs.exe" which | grep -q IEFrame && break; sleep 0.1; done
+wbs which
+ie=$(run "$build/bin/wbs.exe" which | tr -d '\r' | sed -n 's/^window: \(0x[0-9a-f]*\).*/\1/p')
+wbs --window "$ie" back
+wbs refresh
+wbs favorites
+
+echo
+echo "== The fixture browser playing Firefox (it logs what it receives)"
+run "$demo/firefox.exe" --window MozillaUIWindowClass "Mozilla Firefox" --log "$(winpath "$demo/firefox.log")" &
+wait_for "$demo/firefox.log" ready || { echo "the fixture did not start"; exit 1; }
+hwnd=$(window_of "$demo/firefox.log")
+wbs which
+wbs --window "$hwnd" back
+wbs --window "$hwnd" forward
+wbs --window "$hwnd" refresh
+wbs --window "$hwnd" home
+echo "-- what firefox.exe received:"
+grep -E '^(appcommand|key)' "$demo/firefox.log" | sed 's/^/  /' || true
+
+echo
+echo "== The fixture browser playing the HTML Help viewer"
+run "$demo/hh.exe" --window HH\ Parent "Help" --appcommand unhandled --log "$(winpath "$demo/hh.log")" &
+wait_for "$demo/hh.log" ready || { echo "the fixture did not start"; exit 1; }
+hwnd=$(window_of "$demo/hh.log")
+wbs --window "$hwnd" refresh
+wbs --window "$hwnd" home
+echo "-- what hh.exe received:"
+grep -E '^appcommand' "$demo/hh.log" | sed 's/^/  /' || true
+
+echo
+echo "== Bad usage"
+wbs go
