@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Unpacks Debian's source package of Google Benchmark into <dest>/benchmark (Debian ships the
 # library only as a native build, so the benchmarks build it from source with the cross compiler).
-# Adds a deb-src entry for Debian's main archive when apt has none. Usage: get-benchmark-source.sh <dest>
+# Adds source entries mirroring the machine's own package entries when apt has none. Usage: get-benchmark-source.sh <dest>
 set -euo pipefail
 dest=$(realpath -m "${1:?usage: get-benchmark-source.sh <dest>}")
 [ -f "$dest/benchmark/CMakeLists.txt" ] && exit 0
@@ -9,13 +9,14 @@ dest=$(realpath -m "${1:?usage: get-benchmark-source.sh <dest>}")
 sudo=""
 [ "$(id -u)" -eq 0 ] || sudo=sudo
 if ! apt-cache showsrc benchmark >/dev/null 2>&1; then
-  $sudo tee /etc/apt/sources.list.d/wbs-debian-src.sources >/dev/null <<'SOURCES'
-Types: deb-src
-URIs: http://deb.debian.org/debian
-Suites: bookworm
-Components: main
-Signed-By: /usr/share/keyrings/debian-archive-keyring.gpg
-SOURCES
+  # Source entries mirroring the machine's own binary ones (deb822 files and one-line lists).
+  {
+    for f in /etc/apt/sources.list.d/*.sources; do
+      [ -f "$f" ] && sed -e 's/^Types:.*/Types: deb-src/' "$f" && echo
+    done
+  } | $sudo tee /etc/apt/sources.list.d/wbs-src.sources >/dev/null
+  cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null | sed -n 's/^deb /deb-src /p' |
+    $sudo tee /etc/apt/sources.list.d/wbs-src.list >/dev/null
   $sudo apt-get update -qq
 fi
 dpkg-query -W -f='${Status}' dpkg-dev 2>/dev/null | grep -q "install ok installed" ||
