@@ -10,13 +10,16 @@ sudo=""
 [ "$(id -u)" -eq 0 ] || sudo=sudo
 if ! apt-cache showsrc benchmark >/dev/null 2>&1; then
   # Source entries mirroring the machine's own binary ones (deb822 files and one-line lists).
-  {
-    for f in /etc/apt/sources.list.d/*.sources; do
-      [ -f "$f" ] && sed -e 's/^Types:.*/Types: deb-src/' "$f" && echo
-    done
-  } | $sudo tee /etc/apt/sources.list.d/wbs-src.sources >/dev/null
-  cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null | sed -n 's/^deb /deb-src /p' |
-    $sudo tee /etc/apt/sources.list.d/wbs-src.list >/dev/null
+  entries=$(mktemp)
+  for f in /etc/apt/sources.list.d/*.sources; do
+    case "$f" in */wbs-src.sources) continue ;; esac
+    [ -f "$f" ] && { sed -e 's/^Types:.*/Types: deb-src/' "$f"; echo; } >>"$entries"
+  done
+  $sudo cp "$entries" /etc/apt/sources.list.d/wbs-src.sources
+  { cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null || true; } |
+    { grep -v '^deb-src' || true; } | sed -n 's/^deb /deb-src /p' >"$entries"
+  [ -s "$entries" ] && $sudo cp "$entries" /etc/apt/sources.list.d/wbs-src.list
+  rm -f "$entries"
   $sudo apt-get update -qq
 fi
 dpkg-query -W -f='${Status}' dpkg-dev 2>/dev/null | grep -q "install ok installed" ||
