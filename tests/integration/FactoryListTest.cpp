@@ -85,7 +85,7 @@ TEST_F(FactoryListTest, AssignmentSharesTheOtherListsFactories) {
     for (iWebBrowserFactory* factory : instance->GetBrowsers()) EXPECT_EQ(*mine++, factory);
 }
 
-TEST_F(FactoryListTest, UnknownProgramsAndAMissingProcessFinderGiveNoDriver) {
+TEST_F(FactoryListTest, UnknownProgramsGiveNoDriverAndProgramPathsAreMatchedAsWritten) {
     TestWindow front(L"WbsUnrecognisedFront");
     ASSERT_TRUE(front.MakeForeground());
     EXPECT_FALSE(cWebBrowserFactoryList::Instance()->GetForegroundWebBrowser(CStdStr(L"BACK"), nullptr));
@@ -97,6 +97,14 @@ TEST_F(FactoryListTest, UnknownProgramsAndAMissingProcessFinderGiveNoDriver) {
     EXPECT_FALSE(generic.CreateBrowser(front.Handle(), CProcessFinder::Instance(true), out, CStdStr(L"BACK")));
     EXPECT_FALSE(generic.IsBrowserProcess(CStdStr(L"c:\\tools\\hh.exe"), out));
     EXPECT_EQ(out, nullptr);
+
+    // The help viewer's program is searched for in the path as written: capitals do not match.
+    cHelpBrowserFactory help;
+    EXPECT_FALSE(help.IsBrowserProcess(CStdStr(L"C:\\Windows\\HH.EXE"), out));
+    EXPECT_EQ(out, nullptr);
+    ASSERT_TRUE(help.IsBrowserProcess(CStdStr(L"\"c:\\windows\\hh.exe\" -800"), out));
+    counted_ptr<iWebBrowser> made(out);
+    EXPECT_EQ(dynamic_cast<cHelpBrowser&>(*made).Window(), nullptr);
 }
 
 TEST_F(DefaultBrowserTest, TheUsersClientWinsAndItsCommandIsReadMachineWideInLowerCase) {
