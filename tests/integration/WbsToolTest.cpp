@@ -19,7 +19,7 @@ const wchar_t kTypedUrls[] = L"Software\\Microsoft\\Internet Explorer\\TypedURLs
 
 struct Outcome {
     DWORD exitCode = 0xFFFFFFFF;
-    std::string output;  // standard output and error together, as UTF-8
+    std::string output;  // standard output and error together, as UTF-8, line ends as "\n"
 };
 
 Outcome RunWbs(const std::vector<std::wstring>& arguments) {
@@ -45,7 +45,9 @@ Outcome RunWbs(const std::vector<std::wstring>& arguments) {
 
     char buffer[4096];
     DWORD read = 0;
-    while (::ReadFile(reader.get(), buffer, sizeof buffer, &read, nullptr) && read > 0) outcome.output.append(buffer, read);
+    while (::ReadFile(reader.get(), buffer, sizeof buffer, &read, nullptr) && read > 0)
+        for (DWORD i = 0; i < read; ++i)
+            if (buffer[i] != '\r') outcome.output += buffer[i];
     if (::WaitForSingleObject(processHandle.get(), kBound) == WAIT_OBJECT_0)
         ::GetExitCodeProcess(processHandle.get(), &outcome.exitCode);
     return outcome;
