@@ -36,6 +36,18 @@ wbs refresh
 wbs favorites
 
 echo
+echo "== Internet Explorer's favorites and typed addresses (written into the demo prefix)"
+favorites=$(ls -d "$WINEPREFIX"/drive_c/users/*/Favorites 2>/dev/null | grep -v /Public/ | head -1)
+mkdir -p "$favorites/News/Empty"
+printf '[InternetShortcut]\r\nURL=http://news.example.invalid/\r\n' >"$favorites/News/Daily.url"
+printf '[InternetShortcut]\r\nURL=http://home.example.invalid/\r\n' >"$favorites/Home page.url"
+typed='HKCU\Software\Microsoft\Internet Explorer\TypedURLs'
+run reg add "$typed" /v url1 /d http://typed.example.invalid/ /f >/dev/null 2>&1
+run reg add "$typed" /v url2 /d http://other.example.invalid/ /f >/dev/null 2>&1
+wbs list-favorites --browser ie --tree
+wbs list-history --browser ie
+
+echo
 echo "== The fixture browser playing Firefox (it logs what it receives)"
 run "$demo/firefox.exe" --window MozillaUIWindowClass "Mozilla Firefox" --log "$(winpath "$demo/firefox.log")" &
 wait_for "$demo/firefox.log" ready || { echo "the fixture did not start"; exit 1; }
