@@ -1,0 +1,56 @@
+#include "favorites/cLineFile.h"
+#include <windows.h>
+#include <new>
+#include "favorites/cFileInformation.h"
+
+namespace {
+std::string ToAnsi(const std::wstring& text) {
+    const int size =
+        ::WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0, nullptr, nullptr);
+    if (size <= 0) return std::string();
+    std::string narrow(static_cast<std::string::size_type>(size), '\0');
+    ::WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrow.data(), size, nullptr, nullptr);
+    return narrow;
+}
+}  // namespace
+
+cLineFile::cLineFile(const CStdStr& path) {
+    capacity_ = static_cast<std::streamsize>(cFileInformation(path.c_str()).SizeLow());
+    buffer_.reset(new (std::nothrow) char[static_cast<std::size_t>(capacity_) + 1]);
+    if (buffer_ == nullptr) return;
+    stream_.open(ToAnsi(path), std::ios::in);
+}
+
+std::unique_ptr<cLineFile> cLineFile::Open(const CStdStr& path) {
+    auto file = std::make_unique<cLineFile>(path);
+    if (!file->HasBuffer()) return nullptr;
+    return file;
+}
+
+bool cLineFile::ReadLine(std::string_view& line) {
+    line = std::string_view();
+    // The buffer holds the whole file and its terminator; a line may be as long as the file.
+    stream_.getline(buffer_.get(), capacity_ + 1);
+    std::streamsize length = stream_.gcount();
+    if (length == 0 && stream_.fail()) return false;
+    if (!stream_.fail() && !stream_.eof()) --length;  // the newline was taken, not stored
+    line = std::string_view(buffer_.get(), static_cast<std::string_view::size_type>(length));
+    return true;
+}
+
+std::wstring BytesToWide(std::string_view bytes, unsigned int codePage) {
+    if (bytes.empty()) return std::wstring();
+    // No code page gives more characters than bytes, so one call fills the string.
+    std::wstring wide(bytes.size(), L'\0');
+    const int count = ::MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()), wide.data(),
+                                            static_cast<int>(wide.size()));
+    wide.resize(count > 0 ? static_cast<std::wstring::size_type>(count) : 0);
+    return wide;
+}
+
+std::wstring WidenBytes(std::string_view bytes) {
+    std::wstring wide;
+    wide.reserve(bytes.size());
+    for (const char byte : bytes) wide.push_back(static_cast<wchar_t>(static_cast<unsigned char>(byte)));
+    return wide;
+}
