@@ -1,7 +1,9 @@
 #include "cWebBrowserFactoryList.h"
+#include "browsers/firefox/cFirefoxWebBrowserFactory.h"
 #include "browsers/generic/cGenericWebBrowserFactory.h"
 #include "browsers/generic/cHelpBrowserFactory.h"
 #include "browsers/ie/cIEWebBrowserFactory.h"
+#include "browsers/netscape/cNetscapeWebBrowserFactory.h"
 #include "core/StringCase.h"
 #include "tovutil/CProcessFinder.h"
 #include "tovutil/CRegistry.h"
@@ -40,6 +42,8 @@ iWebBrowserFactoryList::~iWebBrowserFactoryList() = default;
 cWebBrowserFactoryList::cWebBrowserFactoryList() {
     // The order is the tie-break between families: the first factory that claims a program wins.
     factories_.push_back(new cIEWebBrowserFactory());
+    factories_.push_back(new cFirefoxWebBrowserFactory());
+    factories_.push_back(new cNetscapeWebBrowserFactory());
     factories_.push_back(new cGenericWebBrowserFactory());
     factories_.push_back(new cHelpBrowserFactory());
 }
@@ -108,9 +112,3 @@ bool cWebBrowserFactoryList::FindDefaultBrowserPath(CStdStr& commandLine) const 
     }
     return false;
 }
-
-bool FactoryListAccess::DefaultBrowserCommandLine(const cWebBrowserFactoryList& list, CStdStr& commandLine) {
-    return list.FindDefaultBrowserPath(commandLine);
-}
-
-void FactoryListAccess::DestroyInstance() { cWebBrowserFactoryList::pInstance_.reset(); }

@@ -5,10 +5,12 @@
 #include <typeinfo>
 #include <vector>
 #include "WebBrowserSupport.h"
+#include "browsers/firefox/cFirefoxWebBrowserFactory.h"
 #include "browsers/generic/cGenericWebBrowserFactory.h"
 #include "browsers/generic/cHelpBrowser.h"
 #include "browsers/generic/cHelpBrowserFactory.h"
 #include "browsers/ie/cIEWebBrowserFactory.h"
+#include "browsers/netscape/cNetscapeWebBrowserFactory.h"
 #include "core/ScopedRegKey.h"
 #include "tovutil/CProcessFinder.h"
 #include "support/ProcessState.h"
@@ -69,8 +71,9 @@ TEST_F(FactoryListTest, OneInstanceHoldsTheFactoriesInRegistrationOrder) {
 
     std::vector<const std::type_info*> types;
     for (iWebBrowserFactory* factory : list->GetBrowsers()) types.push_back(&typeid(*factory));
-    const std::vector<const std::type_info*> expected = {&typeid(cIEWebBrowserFactory), &typeid(cGenericWebBrowserFactory),
-                                                          &typeid(cHelpBrowserFactory)};
+    const std::vector<const std::type_info*> expected = {
+        &typeid(cIEWebBrowserFactory), &typeid(cFirefoxWebBrowserFactory), &typeid(cNetscapeWebBrowserFactory),
+        &typeid(cGenericWebBrowserFactory), &typeid(cHelpBrowserFactory)};
     EXPECT_EQ(types, expected);
 }
 

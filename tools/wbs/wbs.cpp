@@ -26,7 +26,7 @@ const wchar_t kUsage[] =
     L"                           the browser's favorites, one a line (Text, then a tab and Extra if any)\n"
     L"  list-history --browser <family> [--json]\n"
     L"                           the browser's typed addresses\n"
-    L"                           families: ie\n"
+    L"                           families: ie, firefox, netscape, netscape8, netscape7\n"
     L"  --help                   this text\n";
 
 enum ExitCode { Delivered = 0, NotDelivered = 1, BadUsage = 2 };
@@ -105,14 +105,6 @@ void Announce(const wchar_t* command, HWND window, bool withDefault) {
         std::wprintf(L"%ls: no browser recognised\n", command);
 }
 
-// The browser families wbs can list, named by the program their factory recognises.
-const struct {
-    const wchar_t* family;
-    const wchar_t* program;
-} kFamilies[] = {
-    {L"ie", L"iexplore.exe"},
-};
-
 void WriteUtf8(const std::wstring& text) {
     if (text.empty()) return;
     const int size = ::WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0, nullptr, nullptr);
@@ -182,8 +174,7 @@ void PrintTree(const FavoritesList& list) {
 
 int Fail(const wchar_t* message);
 
-// A driver for a browser family whether or not it runs: the family's factory is asked whether
-// the family's program is its own.
+// Reads a browser family's favorites or typed addresses, whether or not the browser runs.
 int List(const std::vector<std::wstring>& words, bool history) {
     std::wstring family;
     bool json = false, tree = false;
@@ -195,21 +186,8 @@ int List(const std::vector<std::wstring>& words, bool history) {
     }
     if (family.empty()) return Fail(L"--browser <family> is needed");
     if (json && tree) return Fail(L"--json and --tree do not go together");
-    const wchar_t* program = nullptr;
-    for (const auto& known : kFamilies)
-        if (family == known.family) program = known.program;
-    if (program == nullptr) return Fail((L"unknown browser family " + family).c_str());
-
-    iWebBrowser* out = nullptr;
-    for (iWebBrowserFactory* factory : cWebBrowserFactoryList::Instance()->GetBrowsers()) {
-        out = nullptr;
-        if (factory->IsBrowserProcess(CStdStr(program), out)) break;
-    }
-    counted_ptr<iWebBrowser> browser(out);
-    if (!browser) {
-        std::fwprintf(stderr, L"wbs: no driver for %ls\n", family.c_str());
-        return NotDelivered;
-    }
+    counted_ptr<iWebBrowser> browser = FactoryListAccess::FamilyBrowser(CStdStr(family));
+    if (!browser) return Fail((L"unknown browser family " + family).c_str());
     // The shell's shortcut objects need COM on this thread.
     const HRESULT com = ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     bool found = false;

@@ -1,0 +1,4 @@
+#include "browsers/firefox/FirefoxConstants.h"
+
+const CStdStr FirefoxConstants::ProgramName(L"firefox.exe");
+const CStdStr FirefoxConstants::BrowserName(L"Firefox");

@@ -1,0 +1,3 @@
+#include "browsers/netscape/cNetscapeWebBrowser.h"
+
+cNetscapeWebBrowser::cNetscapeWebBrowser(HWND window) : cNetscapeFamilyWebBrowser(window, CStdStr(L"Netscape")) {}
