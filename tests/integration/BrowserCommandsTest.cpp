@@ -13,6 +13,7 @@
 #include "support/StubBrowser.h"
 #include "support/TestWindow.h"
 #include "support/WaitFor.h"
+#include "support/WineInternetExplorer.h"
 
 using namespace wbstest;
 
@@ -136,20 +137,9 @@ TEST_F(BrowserCommandsTest, InternetExplorerGetsTheArrowKeyWithoutTheMacroWhatev
     // Wine's own Internet Explorer: it leaves the application command unanswered.
     StubBrowser upperCase;
     ASSERT_TRUE(upperCase.Start(L"IEXPLORE.EXE", {L"--appcommand", L"unhandled", L"--no-foreground"}));
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    wchar_t commandLine[] = L"\"C:\\Program Files\\Internet Explorer\\iexplore.exe\" about:blank";
-    ASSERT_TRUE(::CreateProcessW(nullptr, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
-    ScopedHandle ieProcess(process.hProcess);
-    ScopedHandle ieThread(process.hThread);
-    HWND ieWindow = nullptr;
-    ASSERT_TRUE(WaitFor(
-        [&] {
-            ieWindow = ::FindWindowW(L"IEFrame", nullptr);
-            return ieWindow != nullptr;
-        },
-        10000));
+    WineInternetExplorer internetExplorer;
+    const HWND ieWindow = internetExplorer.Frame();
+    ASSERT_NE(ieWindow, nullptr);
 
     for (HWND window : {ieWindow, upperCase.MainWindow()}) {
         TestWindow front(L"WbsUnrecognisedFront");
@@ -161,8 +151,6 @@ TEST_F(BrowserCommandsTest, InternetExplorerGetsTheArrowKeyWithoutTheMacroWhatev
         EXPECT_EQ(eventMgr.handler.releases, 1);
         EXPECT_EQ(KeyStrokesOf(Input()), PressAndRelease(VK_RIGHT));
     }
-    ::PostMessageW(ieWindow, WM_CLOSE, 0, 0);
-    if (::WaitForSingleObject(ieProcess.get(), kBound) != WAIT_OBJECT_0) ::TerminateProcess(ieProcess.get(), 0);
 }
 
 TEST_F(BrowserCommandsTest, RefreshWithoutARecognisedBrowserFailsAndSendsNothing) {
@@ -181,14 +169,8 @@ TEST_F(BrowserCommandsTest, HelpViewerCommandsGoToItsWindowOrToTheWindowUnderThe
     StubBrowser help;
     ASSERT_TRUE(help.Start(L"HH.EXE", {L"--appcommand", L"unhandled"}));
     ASSERT_TRUE(WaitFor([&] { return ::GetForegroundWindow() == help.MainWindow(); }, kBound));
-    TestWindow::Options underPointer;
-    underPointer.x = 0;
-    underPointer.y = 0;
-    underPointer.topmost = true;
-    underPointer.activate = false;
-    TestWindow pointed(L"WbsUnderThePointer", underPointer);
-    ASSERT_TRUE(::SetCursorPos(20, 20));
-    ASSERT_EQ(::WindowFromPoint(POINT{20, 20}), pointed.Handle());
+    TestWindow pointed(L"WbsUnderThePointer", TestWindow::UnderThePointer());
+    ASSERT_TRUE(pointed.PointAt());
 
     counted_ptr<iWebBrowser> browser =
         cWebBrowserFactoryList::Instance()->GetForegroundWebBrowser(CStdStr(L"REFRESH"), help.MainWindow());

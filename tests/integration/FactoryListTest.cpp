@@ -164,12 +164,8 @@ TEST_F(DefaultBrowserTest, NoRegistrationOrAnUnknownProgramGivesNoDriverAndComma
 TEST_F(DefaultBrowserTest, SearchFallsBackOnTheDefaultHelpViewerWhichAddressesTheWindowUnderThePointer) {
     SetDefault(HKEY_LOCAL_MACHINE, kClients, L"WbsMachineClient");
     SetDefault(HKEY_LOCAL_MACHINE, CommandKey(L"WbsMachineClient"), L"hh.exe");
-    TestWindow::Options underPointer;
-    underPointer.x = 0;
-    underPointer.y = 0;
-    underPointer.topmost = true;
-    TestWindow pointed(L"WbsUnderThePointer", underPointer);
-    ASSERT_TRUE(::SetCursorPos(20, 20));
+    TestWindow pointed(L"WbsUnderThePointer", TestWindow::UnderThePointer(true));
+    ASSERT_TRUE(pointed.PointAt());
     ASSERT_TRUE(pointed.MakeForeground());
 
     // The help viewer made for the default browser has no window and no program to start, so

@@ -9,12 +9,12 @@
 #include "WebBrowserSupport.h"
 #include "browsers/ie/cIEWebBrowser.h"
 #include "browsers/ie/cIEWebBrowserFactory.h"
-#include "core/ScopedHandle.h"
 #include "support/ProcessState.h"
 #include "support/RegistryGuard.h"
 #include "support/StubBrowser.h"
 #include "support/TestWindow.h"
 #include "support/WaitFor.h"
+#include "support/WineInternetExplorer.h"
 #include "tovutil/CProcessFinder.h"
 
 using namespace wbstest;
@@ -38,28 +38,14 @@ std::vector<int> AppCommandCodes(const StubBrowser& stub) {
     return codes;
 }
 
-// Closes every Internet Explorer frame still open when the test ends (also one the library started).
-void CloseInternetExplorer() {
-    for (int i = 0; i < 10; ++i) {
-        HWND frame = ::FindWindowW(L"IEFrame", nullptr);
-        if (frame == nullptr) return;
-        DWORD processId = 0;
-        ::GetWindowThreadProcessId(frame, &processId);
-        ScopedHandle process(::OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, processId));
-        ::PostMessageW(frame, WM_CLOSE, 0, 0);
-        if (process && ::WaitForSingleObject(process.get(), 3000) != WAIT_OBJECT_0) ::TerminateProcess(process.get(), 0);
-        WaitFor([&] { return !::IsWindow(frame); }, 3000);
-    }
-}
-
 class IEWebBrowserTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ResetProcessWideState();
-        CloseInternetExplorer();
+        WineInternetExplorer::CloseAll();
     }
     void TearDown() override {
-        CloseInternetExplorer();
+        WineInternetExplorer::CloseAll();
         ResetProcessWideState();
     }
 
@@ -182,13 +168,8 @@ TEST_F(IEWebBrowserTest, ExportedCommandsDriveAnInternetExplorerWindowAndTheDefa
     EXPECT_EQ(page.Url, L"http://example.invalid/");
 
     // Favorites go to the window under the pointer, as the generic browser sends them.
-    TestWindow::Options underPointer;
-    underPointer.x = 0;
-    underPointer.y = 0;
-    underPointer.topmost = true;
-    underPointer.activate = false;
-    TestWindow pointed(L"WbsUnderThePointer", underPointer);
-    ASSERT_TRUE(::SetCursorPos(20, 20));
+    TestWindow pointed(L"WbsUnderThePointer", TestWindow::UnderThePointer());
+    ASSERT_TRUE(pointed.PointAt());
     EXPECT_TRUE(BrowserShowFavorites());
     EXPECT_EQ(pointed.AppCommands(), std::vector<int>{6});
 

@@ -4,15 +4,14 @@
 #include <windows.h>
 #include <string>
 #include "browsers/cNavigateUtility.h"
-#include "core/ScopedHandle.h"
 #include "support/ProcessState.h"
 #include "support/StubBrowser.h"
 #include "support/WaitFor.h"
+#include "support/WineInternetExplorer.h"
 
 using namespace wbstest;
 
 namespace {
-constexpr DWORD kBound = 5000;
 const wchar_t kService[] = L"WbsTestBrowser";
 
 class NavigateUtilityTest : public ::testing::Test {
@@ -90,15 +89,8 @@ TEST_F(NavigateUtilityTest, SilentOrMissingServersGiveTheUnansweredReplyWithinTh
 }
 
 TEST_F(NavigateUtilityTest, TalksToInternetExplorersOwnServiceWithinTheBound) {
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    wchar_t commandLine[] = L"\"C:\\Program Files\\Internet Explorer\\iexplore.exe\" about:blank";
-    ASSERT_TRUE(::CreateProcessW(nullptr, commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
-    ScopedHandle ieProcess(process.hProcess);
-    ScopedHandle ieThread(process.hThread);
-    HWND frame = nullptr;
-    ASSERT_TRUE(WaitFor([&] { return (frame = ::FindWindowW(L"IEFrame", nullptr)) != nullptr; }, 10000));
+    WineInternetExplorer internetExplorer;
+    ASSERT_NE(internetExplorer.Frame(), nullptr);
 
     cNavigateUtility utility{CStdStr(L"IEXPLORE")};
     const ULONGLONG start = ::GetTickCount64();
@@ -108,6 +100,4 @@ TEST_F(NavigateUtilityTest, TalksToInternetExplorersOwnServiceWithinTheBound) {
     (void)utility.OpenURL(nullptr, CStdStr(L"about:blank"));
     EXPECT_LT(::GetTickCount64() - start, 2u * 3000u + 2000u);
 
-    ::PostMessageW(frame, WM_CLOSE, 0, 0);
-    if (::WaitForSingleObject(ieProcess.get(), kBound) != WAIT_OBJECT_0) ::TerminateProcess(ieProcess.get(), 0);
 }

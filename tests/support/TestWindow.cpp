@@ -21,6 +21,22 @@ TestWindow::TestWindow(const std::wstring& className, const Options& options) : 
     if (options.activate) MakeForeground();
 }
 
+TestWindow::Options TestWindow::UnderThePointer(bool activate) {
+    Options options;
+    options.x = 0;
+    options.y = 0;
+    options.topmost = true;
+    options.activate = activate;
+    return options;
+}
+
+bool TestWindow::PointAt() const {
+    RECT area = {};
+    ::GetWindowRect(window_, &area);
+    const POINT inside = {area.left + 20, area.top + 20};
+    return ::SetCursorPos(inside.x, inside.y) && ::WindowFromPoint(inside) == window_;
+}
+
 TestWindow::~TestWindow() {
     if (window_) ::DestroyWindow(window_);
     ::UnregisterClassW(className_.c_str(), ::GetModuleHandleW(nullptr));

@@ -16,6 +16,11 @@ public:
         bool activate = true;  // shown active and made the foreground window
     };
     explicit TestWindow(const std::wstring& className);
+    // A topmost window at the screen's top left, not activated, with the mouse pointer moved
+    // into it: the window that commands aimed "under the pointer" reach.
+    static Options UnderThePointer(bool activate = false);
+    // Moves the mouse pointer into the window; true when the window is the one under it.
+    bool PointAt() const;
     TestWindow(const std::wstring& className, const Options& options);
     TestWindow(const TestWindow&) = delete;
     TestWindow& operator=(const TestWindow&) = delete;
