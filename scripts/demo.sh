@@ -58,7 +58,30 @@ wbs --window "$hwnd" forward
 wbs --window "$hwnd" refresh
 wbs --window "$hwnd" home
 echo "-- what firefox.exe received:"
-grep -E '^(appcommand|key)' "$demo/firefox.log" | sed 's/^/  /' || true
+grep -E '^(appcommand|keydown|keyup|syskeydown|syskeyup)' "$demo/firefox.log" | sed 's/^/  /' || true
+
+echo
+echo "== Firefox's bookmarks and typed addresses (a profile written into the demo prefix)"
+profile=$(ls -d "$WINEPREFIX"/drive_c/users/*/AppData/Roaming 2>/dev/null | grep -v /Public/ | head -1)/Mozilla/Firefox/Profiles/demo.default
+mkdir -p "$profile"
+cat >"$profile/bookmarks.html" <<'HTML'
+<!DOCTYPE NETSCAPE-Bookmark-file-1>
+<META HTTP-EQUIV="Content-Type" CONTENT="text/html; charset=UTF-8">
+<TITLE>Bookmarks</TITLE>
+<H1>Bookmarks Menu</H1>
+<DL><p>
+    <DT><H3 ADD_DATE="1200000000" LAST_MODIFIED="1200000001">Cafés &amp; more</H3>
+    <DL><p>
+        <DT><A HREF="http://cafe.example.invalid/" ADD_DATE="1200000002">Corner café</A>
+    </DL><p>
+    <DT><A HREF="http://news.example.invalid/" SHORTCUTURL="news">Daily news</A>
+    <DD>Read every morning
+    <HR>
+</DL><p>
+HTML
+printf '<?xml version="1.0"?>\n<RDF:RDF>\n  <RDF:Seq RDF:about="urlbar-history">\n    <RDF:li>http://typed.example.invalid/</RDF:li>\n  </RDF:Seq>\n</RDF:RDF>\n' >"$profile/localstore.rdf"
+wbs list-favorites --browser firefox --tree
+wbs list-history --browser firefox
 
 echo
 echo "== The fixture browser playing the HTML Help viewer"
