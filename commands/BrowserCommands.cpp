@@ -8,13 +8,19 @@ namespace {
 using Browser = counted_ptr<iWebBrowser>;
 
 Browser ForegroundBrowser(const wchar_t* commandName, HWND window) {
-    return cWebBrowserFactoryList::Instance()->GetForegroundWebBrowser(CStdStr(commandName), window);
+    cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
+    return list ? list->GetForegroundWebBrowser(CStdStr(commandName), window) : Browser();
+}
+
+Browser DefaultBrowser() {
+    cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
+    return list ? list->GetDefaultWebBrowser() : Browser();
 }
 
 // The foreground browser, or else the user's default browser.
 Browser ForegroundOrDefaultBrowser(const wchar_t* commandName) {
     Browser browser = ForegroundBrowser(commandName, nullptr);
-    if (!browser) browser = cWebBrowserFactoryList::Instance()->GetDefaultWebBrowser();
+    if (!browser) browser = DefaultBrowser();
     return browser;
 }
 
@@ -90,7 +96,7 @@ bool GoToBrowserHome(HWND window) noexcept {
     try {
         if (Browser browser = ForegroundBrowser(L"HOME", window)) return browser->GoHome(window != nullptr);
         // A browser that is not in front is opened on its own start page.
-        Browser browser = cWebBrowserFactoryList::Instance()->GetDefaultWebBrowser();
+        Browser browser = DefaultBrowser();
         return browser && browser->GoToWebAddress(CStdStr());
     } catch (...) {
         return false;

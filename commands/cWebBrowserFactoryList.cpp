@@ -41,11 +41,18 @@ iWebBrowserFactoryList::~iWebBrowserFactoryList() = default;
 
 cWebBrowserFactoryList::cWebBrowserFactoryList() {
     // The order is the tie-break between families: the first factory that claims a program wins.
-    factories_.push_back(new cIEWebBrowserFactory());
-    factories_.push_back(new cFirefoxWebBrowserFactory());
-    factories_.push_back(new cNetscapeWebBrowserFactory());
-    factories_.push_back(new cGenericWebBrowserFactory());
-    factories_.push_back(new cHelpBrowserFactory());
+    Register<cIEWebBrowserFactory>();
+    Register<cFirefoxWebBrowserFactory>();
+    Register<cNetscapeWebBrowserFactory>();
+    Register<cGenericWebBrowserFactory>();
+    Register<cHelpBrowserFactory>();
+}
+
+template <typename Factory>
+void cWebBrowserFactoryList::Register() {
+    std::unique_ptr<iWebBrowserFactory> factory(new Factory());
+    factories_.push_back(factory.get());
+    (void)factory.release();  // the list owns it now
 }
 
 cWebBrowserFactoryList::~cWebBrowserFactoryList() {
@@ -64,14 +71,36 @@ std::unique_ptr<cWebBrowserFactoryList> cWebBrowserFactoryList::Instantiate() {
     return std::unique_ptr<cWebBrowserFactoryList>(new cWebBrowserFactoryList());
 }
 
+// Like every operation a host may call, these let nothing escape: without memory the answer is
+// no instance, no driver.
 cWebBrowserFactoryList* cWebBrowserFactoryList::Instance() {
-    if (!pInstance_) pInstance_ = Instantiate();
+    try {
+        if (!pInstance_) pInstance_ = Instantiate();
+    } catch (...) {
+        return nullptr;
+    }
     return pInstance_.get();
 }
 
 const std::list<iWebBrowserFactory*>& cWebBrowserFactoryList::GetBrowsers() const { return factories_; }
 
 counted_ptr<iWebBrowser> cWebBrowserFactoryList::GetForegroundWebBrowser(const CStdStr& commandName, HWND window) {
+    try {
+        return FindForegroundWebBrowser(commandName, window);
+    } catch (...) {
+        return counted_ptr<iWebBrowser>();
+    }
+}
+
+counted_ptr<iWebBrowser> cWebBrowserFactoryList::GetDefaultWebBrowser() {
+    try {
+        return FindDefaultWebBrowser();
+    } catch (...) {
+        return counted_ptr<iWebBrowser>();
+    }
+}
+
+counted_ptr<iWebBrowser> cWebBrowserFactoryList::FindForegroundWebBrowser(const CStdStr& commandName, HWND window) {
     CProcessFinder* finder = CProcessFinder::Instance(true);
     if (finder == nullptr) return counted_ptr<iWebBrowser>();
     if (window == nullptr) window = ::GetForegroundWindow();
@@ -84,7 +113,7 @@ counted_ptr<iWebBrowser> cWebBrowserFactoryList::GetForegroundWebBrowser(const C
     return counted_ptr<iWebBrowser>();
 }
 
-counted_ptr<iWebBrowser> cWebBrowserFactoryList::GetDefaultWebBrowser() {
+counted_ptr<iWebBrowser> cWebBrowserFactoryList::FindDefaultWebBrowser() {
     CStdStr commandLine;
     if (!FindDefaultBrowserPath(commandLine)) return counted_ptr<iWebBrowser>();
     for (iWebBrowserFactory* factory : factories_) {

@@ -104,8 +104,9 @@ HRESULT cIEFavoritesFinder::ResolveLinkTarget(const CStdStr& path, CStdStr& targ
     ComPtr<IShellLinkW> link;
     HRESULT result = CreateLoaded(CLSID_ShellLink, IID_IShellLinkW, path, link);
     if (FAILED(result)) return result;
-    result = link->Resolve(::GetForegroundWindow(), SLR_NO_UI);
-    if (FAILED(result)) return result;
+    // A link that cannot be resolved still names the path it was made for: that path is taken,
+    // and the answer is the path query's.
+    (void)link->Resolve(::GetForegroundWindow(), SLR_NO_UI);
 
     wchar_t resolved[MAX_PATH] = {};
     result = link->GetPath(resolved, MAX_PATH, nullptr, SLGP_SHORTPATH);

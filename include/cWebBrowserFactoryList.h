@@ -24,6 +24,7 @@ public:
     // Shares the other list's factories: this list's own factories are dropped, not deleted.
     cWebBrowserFactoryList& operator=(const cWebBrowserFactoryList& other);
 
+    // Null only when the list could not be made (no memory).
     static cWebBrowserFactoryList* Instance();
 
     const std::list<iWebBrowserFactory*>& GetBrowsers() const;
@@ -35,6 +36,10 @@ private:
     static std::unique_ptr<cWebBrowserFactoryList> pInstance_;
 
     bool FindDefaultBrowserPath(CStdStr& commandLine) const;
+    counted_ptr<iWebBrowser> FindForegroundWebBrowser(const CStdStr& commandName, HWND window);
+    counted_ptr<iWebBrowser> FindDefaultWebBrowser();
+    template <typename Factory>
+    void Register();
 
     std::list<iWebBrowserFactory*> factories_;
 

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <new>
 #include <utility>
 
 // Owning pointer to a shared block holding the object pointer and a plain 32-bit count. Copies
@@ -9,7 +10,11 @@ template <typename T>
 class counted_ptr {
 public:
     counted_ptr() noexcept = default;
-    explicit counted_ptr(T* object) : block_(object ? new Block{object, 1} : nullptr) {}
+    // Takes the object over; if its block cannot be had the object is deleted and the pointer
+    // stays empty, so nothing leaks and nothing throws.
+    explicit counted_ptr(T* object) noexcept : block_(object ? new (std::nothrow) Block{object, 1} : nullptr) {
+        if (object && !block_) delete object;
+    }
     counted_ptr(const counted_ptr& other) noexcept : block_(other.block_) { AddRef(); }
     counted_ptr(counted_ptr&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
     ~counted_ptr() { Release(); }

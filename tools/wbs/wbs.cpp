@@ -77,6 +77,7 @@ std::wstring WindowDescription(HWND window) {
 
 int Which(HWND window) {
     cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
+    if (list == nullptr) return NotDelivered;
     const HWND target = window ? window : ::GetForegroundWindow();
     std::wprintf(L"window: %ls\n", WindowDescription(target).c_str());
     for (const wchar_t* command : {L"BACK", L"FORWARD", L"REFRESH", L"HOME", L"SEARCH", L"FAVORITES", L"WEBADDRESS"})
@@ -93,6 +94,7 @@ int Which(HWND window) {
 // Names the driver that will serve a command before the command runs.
 void Announce(const wchar_t* command, HWND window, bool withDefault) {
     cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
+    if (list == nullptr) return;
     counted_ptr<iWebBrowser> browser = list->GetForegroundWebBrowser(command, window);
     const wchar_t* source = L"foreground";
     if (!browser && withDefault) {
