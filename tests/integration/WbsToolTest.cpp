@@ -4,8 +4,11 @@
 #include <windows.h>
 #include <string>
 #include <vector>
+#include "core/ScopedFileHandle.h"
 #include "core/ScopedHandle.h"
 #include "support/ProcessState.h"
+#include "support/RegistryGuard.h"
+#include "support/ScratchFolder.h"
 #include "support/StubBrowser.h"
 #include "support/TestPaths.h"
 #include "support/WaitFor.h"
@@ -123,4 +126,31 @@ TEST_F(WbsToolTest, ListsTypedAddressesFlatAndAsJson) {
     const Outcome json = RunWbs({L"list-history", L"--browser", L"ie", L"--json"});
     EXPECT_EQ(json.exitCode, 0u);
     EXPECT_EQ(json.output, "[\n  {\"text\": \"url1\", \"extra\": \"http://example.invalid/caf\xc3\xa9?a=\\\"b\\\"\"}\n]\n");
+}
+
+TEST_F(WbsToolTest, PrintsFavoritesAsATreeRebuiltFromTheFolderMarkers) {
+    const wchar_t shellFolders[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
+    RegistryGuard favoritesFolder(HKEY_CURRENT_USER, shellFolders, L"Favorites");
+    ScratchFolder favorites(L"WbsToolFavorites");
+    ASSERT_TRUE(::CreateDirectoryW(favorites.File(L"News").c_str(), nullptr));
+    ASSERT_TRUE(::CreateDirectoryW(favorites.File(L"News\\Empty").c_str(), nullptr));
+    for (const auto& [name, url] : {std::pair<const wchar_t*, const char*>{L"News\\Daily.url", "http://news.example.invalid/"},
+                                    {L"Home.url", "http://home.example.invalid/"}}) {
+        ScopedFileHandle file(::CreateFileW(favorites.File(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+        const std::string text = std::string("[InternetShortcut]\r\nURL=") + url + "\r\n";
+        DWORD written = 0;
+        ASSERT_TRUE(::WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr));
+    }
+    {
+        CRegistry folders;
+        ASSERT_EQ(folders.Open(HKEY_CURRENT_USER, shellFolders, KEY_WRITE), ERROR_SUCCESS);
+        ASSERT_EQ(folders.WriteStringValue(L"Favorites", favorites.Path().c_str()), ERROR_SUCCESS);
+    }
+
+    const Outcome tree = RunWbs({L"list-favorites", L"--browser", L"ie", L"--tree"});
+    EXPECT_EQ(tree.exitCode, 0u);
+    EXPECT_EQ(tree.output, "Home  http://home.example.invalid/\nNews/\n  Daily  http://news.example.invalid/\n  Empty/\n");
+    const Outcome flat = RunWbs({L"list-favorites", L"--browser", L"ie"});
+    EXPECT_EQ(flat.output, "Home<http://home.example.invalid/>\n:Start<News>\nDaily<http://news.example.invalid/>\n"
+                           ":Start<Empty>\n:End<Empty>\n:End<News>\n");
 }
