@@ -107,15 +107,11 @@ bool GotoURL(const CStdStr& url, int showCommand) noexcept {
     try {
         if (ShellOpen(url.c_str(), nullptr, L"open", showCommand)) return true;
 
-        CRegistry htmlType;
         CStdStr progId;
-        if (htmlType.Open(HKEY_CLASSES_ROOT, L".htm") != ERROR_SUCCESS ||
-            htmlType.ReadStringValue(nullptr, progId) != ERROR_SUCCESS)
-            return false;
-        CRegistry openCommand;
+        if (CRegistry::ReadString(HKEY_CLASSES_ROOT, L".htm", nullptr, progId) != ERROR_SUCCESS) return false;
         CStdStr command;
-        if (openCommand.Open(HKEY_CLASSES_ROOT, (progId + L"\\shell\\open\\command").c_str()) != ERROR_SUCCESS ||
-            openCommand.ReadStringValue(nullptr, command) != ERROR_SUCCESS)
+        if (CRegistry::ReadString(HKEY_CLASSES_ROOT, (progId + L"\\shell\\open\\command").c_str(), nullptr, command) !=
+            ERROR_SUCCESS)
             return false;
 
         // The whole (cut) command is the file to run and the URL its parameter.

@@ -24,11 +24,10 @@ CStdStr Widen(const char* ascii) {
 
 // The command registered under HKLM for one browser client, lower-cased.
 bool ReadClientCommand(const CStdStr& keyName, const CStdStr& clientName, CStdStr& commandLine) {
-    CRegistry command;
-    if (command.Open(HKEY_LOCAL_MACHINE, (keyName + L"\\" + clientName + kOpenCommandSuffix).c_str()) != ERROR_SUCCESS)
-        return false;
     CStdStr text;
-    if (command.ReadStringValue(nullptr, text) != ERROR_SUCCESS) return false;
+    if (CRegistry::ReadString(HKEY_LOCAL_MACHINE, (keyName + L"\\" + clientName + kOpenCommandSuffix).c_str(), nullptr,
+                              text) != ERROR_SUCCESS)
+        return false;
     LowerCaseClassic(text);
     commandLine = text;
     return true;

@@ -36,6 +36,12 @@ LONG CRegistry::ReadStringValue(const wchar_t* valueName, CStdStr& value) const 
     return ERROR_MORE_DATA;
 }
 
+LONG CRegistry::ReadString(HKEY root, const wchar_t* subKey, const wchar_t* valueName, CStdStr& value) {
+    CRegistry key;
+    const LONG status = key.Open(root, subKey);
+    return status != ERROR_SUCCESS ? status : key.ReadStringValue(valueName, value);
+}
+
 LONG CRegistry::WriteStringValue(const wchar_t* valueName, const wchar_t* value) noexcept {
     if (!key_) return ERROR_INVALID_HANDLE;
     if (value == nullptr) value = L"";

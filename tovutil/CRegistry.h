@@ -18,6 +18,9 @@ public:
     [[nodiscard]] LONG ReadStringValue(const wchar_t* valueName, CStdStr& value) const;
     [[nodiscard]] LONG WriteStringValue(const wchar_t* valueName, const wchar_t* value) noexcept;
 
+    // Opens root\subKey for reading just long enough to read one string value from it.
+    [[nodiscard]] static LONG ReadString(HKEY root, const wchar_t* subKey, const wchar_t* valueName, CStdStr& value);
+
 private:
     ScopedRegKey key_;
 };

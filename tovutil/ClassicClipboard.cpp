@@ -1,16 +1,6 @@
 #include "tovutil/ClassicClipboard.h"
 #include <cstring>
-#include "core/UniqueResource.h"
-
-namespace {
-// Moveable global memory, owned until the clipboard takes it.
-struct GlobalMemoryTraits {
-    using Type = HGLOBAL;
-    static Type Invalid() noexcept { return nullptr; }
-    static void Free(Type memory) noexcept { ::GlobalFree(memory); }
-};
-using ScopedGlobalMemory = UniqueResource<GlobalMemoryTraits>;
-}  // namespace
+#include "core/ScopedGlobalMemory.h"
 
 ClassicClipboard::ClassicClipboard(bool open, HWND owner) noexcept {
     if (open) Open(owner);

@@ -9,10 +9,8 @@ bool FindApplicationPath(const CStdStr& applicationName, const CStdStr& extensio
     path.clear();
     const CStdStr subKey = kAppPathsKey + applicationName + L"." + extension;
     for (HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
-        CRegistry key;
-        if (key.Open(root, subKey.c_str()) != ERROR_SUCCESS) continue;
         CStdStr found;
-        if (key.ReadStringValue(nullptr, found) == ERROR_SUCCESS && !found.empty()) {
+        if (CRegistry::ReadString(root, subKey.c_str(), nullptr, found) == ERROR_SUCCESS && !found.empty()) {
             path = found;
             return true;
         }

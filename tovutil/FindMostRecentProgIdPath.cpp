@@ -6,9 +6,7 @@ namespace {
 constexpr int kMostVersionHops = 8;
 
 bool ReadDefault(const std::wstring& subKey, CStdStr& value) {
-    CRegistry key;
-    return key.Open(HKEY_CLASSES_ROOT, subKey.c_str()) == ERROR_SUCCESS &&
-           key.ReadStringValue(nullptr, value) == ERROR_SUCCESS && !value.empty();
+    return CRegistry::ReadString(HKEY_CLASSES_ROOT, subKey.c_str(), nullptr, value) == ERROR_SUCCESS && !value.empty();
 }
 }  // namespace
 

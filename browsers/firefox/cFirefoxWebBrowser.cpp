@@ -34,7 +34,5 @@ bool cFirefoxWebBrowser::GoToWebAddress(const CStdStr& url) {
 
 bool cFirefoxWebBrowser::GetProgramPath(CStdStr& programPath, CStdStr& arguments) {
     arguments.clear();
-    CRegistry key;
-    if (key.Open(HKEY_LOCAL_MACHINE, kAppPathsKey) != ERROR_SUCCESS) return false;
-    return key.ReadStringValue(nullptr, programPath) == ERROR_SUCCESS;
+    return CRegistry::ReadString(HKEY_LOCAL_MACHINE, kAppPathsKey, nullptr, programPath) == ERROR_SUCCESS;
 }

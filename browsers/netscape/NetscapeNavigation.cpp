@@ -82,11 +82,8 @@ bool NetscapeGoToWebAddress(const CStdStr& programName, const CStdStr& url, bool
 }
 
 bool NetscapeProgramPath(CStdStr& programPath) {
-    CRegistry markup;
     CStdStr classId;
-    if (markup.Open(HKEY_CLASSES_ROOT, L"NetscapeMarkup\\CLSID") != ERROR_SUCCESS ||
-        markup.ReadStringValue(nullptr, classId) != ERROR_SUCCESS)
-        return false;
+    if (CRegistry::ReadString(HKEY_CLASSES_ROOT, L"NetscapeMarkup\\CLSID", nullptr, classId) != ERROR_SUCCESS) return false;
     CRegistry server;
     if (server.Open(HKEY_CLASSES_ROOT, (L"CLSID\\" + classId + L"\\LocalServer32").c_str(), KEY_READ | KEY_WRITE) !=
         ERROR_SUCCESS)
