@@ -11,6 +11,7 @@
 #include "core/ScopedRegKey.h"
 #include "favorites/cBrowserFavorites.h"
 #include "favorites/cIEFavoritesFinder.h"
+#include "support/ListTexts.h"
 #include "support/ProcessState.h"
 #include "support/RegistryGuard.h"
 #include "support/ScratchFolder.h"
@@ -20,15 +21,6 @@ using namespace wbstest;
 namespace {
 const wchar_t kUserShellFolders[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
 const wchar_t kShellFolders[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-
-std::vector<std::wstring> Texts(const FavoritesList& list) {
-    std::vector<std::wstring> texts;
-    for (const FavoriteEntry& entry : list) {
-        EXPECT_EQ(entry.Extra, L"");
-        texts.push_back(entry.Text);
-    }
-    return texts;
-}
 
 class IEFavoritesFinderTest : public ::testing::Test {
 protected:

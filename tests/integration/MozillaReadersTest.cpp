@@ -16,6 +16,7 @@
 #include "history/cFirefoxHistoryFinder.h"
 #include "history/cNetscape7HistoryFinder.h"
 #include "history/cNetscapeHistoryFinder.h"
+#include "support/ListTexts.h"
 #include "support/ProcessState.h"
 #include "support/RegistryGuard.h"
 #include "support/ScratchFolder.h"
@@ -28,16 +29,6 @@ const wchar_t kUserShellFolders[] = L"Software\\Microsoft\\Windows\\CurrentVersi
 const wchar_t kShellFolders[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
 const wchar_t kBiffKey[] = L"Software\\Netscape\\Netscape Navigator\\biff";
 
-// The Text of every entry of a favorites or history list; every Extra must be empty.
-template <typename List>
-std::vector<std::wstring> Texts(const List& list) {
-    std::vector<std::wstring> texts;
-    for (const auto& entry : list) {
-        EXPECT_EQ(entry.Extra, L"");
-        texts.push_back(entry.Text);
-    }
-    return texts;
-}
 
 std::string WithCrLf(const std::string& text) {
     std::string out;
