@@ -19,11 +19,11 @@ std::wstring CStdStr::LoadResourceString(unsigned int id) {
     return std::wstring(text, static_cast<size_t>(length));
 }
 
-// Only bits 16 to 31 decide, as the suite's string class has always done: on 64-bit Windows a
-// real pointer with those bits clear is read as the resource id of its low 16 bits.
+// A resource identifier is a value with every bit above bit 15 clear, as Windows itself tells them
+// apart; on 64-bit Windows a real buffer may have bits 16 to 31 clear and must keep its text.
 CStdStr::CStdStr(const wchar_t* text) {
     const auto bits = reinterpret_cast<std::uintptr_t>(text);
-    if ((bits & 0xFFFF0000u) == 0)
+    if ((bits >> 16) == 0)
         assign(LoadResourceString(static_cast<unsigned int>(bits & 0xFFFFu)));
     else
         assign(text);

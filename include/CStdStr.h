@@ -8,7 +8,7 @@
 class WBS_API CStdStr : public std::wstring {
 public:
     CStdStr() = default;
-    // A pointer whose bits 16 to 31 are clear is a string-resource identifier: the string is
+    // A pointer with every bit above bit 15 clear is a string-resource identifier: the string is
     // loaded from this module's string table (empty when absent). Null therefore gives "".
     CStdStr(const wchar_t* text);
     CStdStr(const wchar_t* text, size_type count) : std::wstring(text, count) {}
