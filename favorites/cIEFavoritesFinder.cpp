@@ -3,6 +3,7 @@
 #include <shlguid.h>
 #include <intshcut.h>
 #include "core/ScopedFindHandle.h"
+#include "core/StringCase.h"
 
 namespace {
 const wchar_t kUrlExtension[] = L".url";
@@ -17,6 +18,14 @@ HRESULT CreateLoaded(const CLSID& type, const IID& interfaceId, const CStdStr& p
     result = object->QueryInterface(IID_IPersistFile, file.ReceiveVoid());
     if (FAILED(result)) return result;
     return file->Load(path.c_str(), STGM_READ);
+}
+// A folder as the walk compares it: its long form (a link's target comes in the short one), lower-cased.
+std::wstring WalkName(const std::wstring& folder) {
+    std::wstring name(MAX_PATH, L'\0');
+    const DWORD length = ::GetLongPathNameW(folder.c_str(), name.data(), MAX_PATH);
+    name = length > 0 && length < MAX_PATH ? name.substr(0, length) : folder;
+    LowerCaseInPlace(name);
+    return name;
 }
 }  // namespace
 
@@ -45,6 +54,11 @@ bool cIEFavoritesFinder::GetFavorites(FavoritesList& list) {
 HRESULT cIEFavoritesFinder::EnumFavoritesFolder(FavoritesList& list, const wchar_t* folder, bool /*topLevel*/) {
     // topLevel is true at every level and changes nothing; it stays for the operation's signature.
     const CStdStr prefix(folder);
+    walkPath_.push_back(WalkName(prefix));
+    const struct Leave {
+        std::vector<std::wstring>& path;
+        ~Leave() { path.pop_back(); }
+    } leave{walkPath_};
     WIN32_FIND_DATAW found = {};
     ScopedFindHandle search(::FindFirstFileW((prefix + L"*.*").c_str(), &found));
     if (!search) return HRESULT_FROM_WIN32(::GetLastError());
@@ -63,11 +77,11 @@ HRESULT cIEFavoritesFinder::EnumFavoritesFolder(FavoritesList& list, const wchar
                 if (SUCCEEDED(ResolveLinkTarget(prefix + name, target))) {
                     // A linked folder keeps its whole file name, ".lnk" included, unlike a favorite's title.
                     AddFolderStart(list, name);
-                    // The target is walked as the shell returned it, without a final "\", so its
-                    // "*.*" search runs in the target's parent, over the names that begin with it.
-                    const HRESULT inner = EnumFavoritesFolder(list, target.c_str(), true);
+                    // The linked folder's contents go inside the entry; a target that cannot be
+                    // listed (a file, a vanished folder) leaves it empty and the walk goes on.
+                    if (!target.empty() && target.back() != L'\\') target += L'\\';
+                    if (!IsOnWalkPath(target)) (void)EnumFavoritesFolder(list, target.c_str(), true);
                     AddFolderEnd(list, name);
-                    if (FAILED(inner)) return inner;
                 }
             }
         } else if (name != L"." && name != L"..") {
@@ -80,6 +94,13 @@ HRESULT cIEFavoritesFinder::EnumFavoritesFolder(FavoritesList& list, const wchar
 
     const DWORD error = ::GetLastError();
     return error == ERROR_NO_MORE_FILES ? S_OK : HRESULT_FROM_WIN32(error);
+}
+
+bool cIEFavoritesFinder::IsOnWalkPath(const CStdStr& target) const {
+    const std::wstring folder = WalkName(target);
+    for (const std::wstring& walked : walkPath_)
+        if (walked.compare(0, folder.size(), folder) == 0) return true;
+    return false;
 }
 
 HRESULT cIEFavoritesFinder::ReadUrlShortcut(const CStdStr& path, CStdStr& url) {

@@ -1,4 +1,5 @@
 #pragma once
+#include <vector>
 #include <windows.h>
 #include <objidl.h>
 #include "CStdStr.h"
@@ -24,5 +25,10 @@ public:
     HRESULT EnumFavoritesFolder(FavoritesList& list, const wchar_t* folder, bool topLevel);
 
 private:
+    // Whether target is a folder the walk is inside of (or one that holds it): a link to it would
+    // walk the same folders again without end.
+    bool IsOnWalkPath(const CStdStr& target) const;
+
     ComPtr<IMalloc> shellAllocator_;
+    std::vector<std::wstring> walkPath_;  // the folders being walked, outermost first, lower-cased
 };
