@@ -20,5 +20,5 @@ if [ ${#missing[@]} -gt 0 ]; then
 fi
 
 cmake -S "$root" -B "$build" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/toolchain-mingw-x86_64.cmake" \
-  -DCMAKE_BUILD_TYPE="${WBS_BUILD_TYPE:-Release}" >/dev/null
+  -DCMAKE_BUILD_TYPE="${WBS_BUILD_TYPE:-Release}" -DWBS_WARNINGS_AS_ERRORS="${WBS_WARNINGS_AS_ERRORS:-OFF}" >/dev/null
 cmake --build "$build" -j"$(nproc)" "$@"
