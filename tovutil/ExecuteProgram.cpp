@@ -1,0 +1,20 @@
+#include "tovutil/ExecuteProgram.h"
+#include <shellapi.h>
+#include "core/ScopedHandle.h"
+
+bool ExecuteProgram(const wchar_t* what, int showCommand, bool wait, const wchar_t* parameters) noexcept {
+    if (what == nullptr) return false;
+    SHELLEXECUTEINFOW info = {};
+    info.cbSize = sizeof info;
+    // No dialog of the shell's own: a refused address is reported as false, never shown.
+    info.fMask = SEE_MASK_FLAG_NO_UI | (wait ? SEE_MASK_NOCLOSEPROCESS : 0);
+    info.lpVerb = L"open";
+    info.lpFile = what;
+    info.lpParameters = parameters;
+    info.nShow = showCommand;
+    if (!::ShellExecuteExW(&info)) return false;
+    // A handler that reuses a running program starts no process, so there may be nothing to wait for.
+    ScopedHandle process(info.hProcess);
+    if (process) ::WaitForSingleObject(process.get(), INFINITE);
+    return true;
+}
