@@ -4,6 +4,7 @@
 #include "browsers/netscape/cNetscape7WebBrowser.h"
 #include "browsers/netscape/cNetscape8WebBrowser.h"
 #include "browsers/netscape/cNetscapeWebBrowser.h"
+#include "browsers/opera/cOperaWebBrowser.h"
 #include "cWebBrowserFactoryList.h"
 
 bool FactoryListAccess::DefaultBrowserCommandLine(const cWebBrowserFactoryList& list, CStdStr& commandLine) {
@@ -24,5 +25,7 @@ counted_ptr<iWebBrowser> FactoryListAccess::FamilyBrowser(const CStdStr& family)
         made = new (std::nothrow) cNetscape8WebBrowser();
     else if (family == L"netscape7")
         made = new (std::nothrow) cNetscape7WebBrowser();
+    else if (family == L"opera")
+        made = new (std::nothrow) cOperaWebBrowser();
     return counted_ptr<iWebBrowser>(made);
 }

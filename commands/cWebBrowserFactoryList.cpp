@@ -1,9 +1,11 @@
 #include "cWebBrowserFactoryList.h"
+#include "browsers/chrome/cChromeBrowserFactory.h"
 #include "browsers/firefox/cFirefoxWebBrowserFactory.h"
 #include "browsers/generic/cGenericWebBrowserFactory.h"
 #include "browsers/generic/cHelpBrowserFactory.h"
 #include "browsers/ie/cIEWebBrowserFactory.h"
 #include "browsers/netscape/cNetscapeWebBrowserFactory.h"
+#include "browsers/opera/cOperaWebBrowserFactory.h"
 #include "core/StringCase.h"
 #include "tovutil/CProcessFinder.h"
 #include "tovutil/CRegistry.h"
@@ -41,10 +43,12 @@ iWebBrowserFactoryList::~iWebBrowserFactoryList() = default;
 cWebBrowserFactoryList::cWebBrowserFactoryList() {
     // The order is the tie-break between families: the first factory that claims a program wins.
     Register<cIEWebBrowserFactory>();
+    Register<cOperaWebBrowserFactory>();
     Register<cFirefoxWebBrowserFactory>();
     Register<cNetscapeWebBrowserFactory>();
     Register<cGenericWebBrowserFactory>();
     Register<cHelpBrowserFactory>();
+    Register<cChromeBrowserFactory>();
 }
 
 template <typename Factory>
