@@ -10,7 +10,7 @@ here=$(dirname "$(realpath "$0")")
 case "$action" in
   start)
     setsid wineserver -p </dev/null >/dev/null 2>&1 &
-    "$here/wine-run.sh" "$3" --no-foreground --exit-after 0 --log NUL </dev/null >/dev/null 2>&1
+    "$here/wine-run.sh" "$3" nowindow nolog exit-after 0 </dev/null >/dev/null 2>&1
     exit 0 ;;
   stop)
     wineserver -k 2>/dev/null
