@@ -22,11 +22,12 @@ const wchar_t kUsage[] =
     L"  go <url>                 go to a web address in the browser in front, or the default browser\n"
     L"  open <url>               open a URL through the shell, or the registered HTML command\n"
     L"  which                    name the driver for the window in front and for the default browser\n"
+    L"  page [--json]            the current page of the browser in front: its URL, then its title\n"
     L"  list-favorites --browser <family> [--json | --tree]\n"
     L"                           the browser's favorites, one a line (Text, then a tab and Extra if any)\n"
     L"  list-history --browser <family> [--json]\n"
     L"                           the browser's typed addresses\n"
-    L"                           families: ie, firefox, netscape, netscape8, netscape7\n"
+    L"                           families: ie, firefox, netscape, netscape8, netscape7, opera\n"
     L"  --help                   this text\n";
 
 enum ExitCode { Delivered = 0, NotDelivered = 1, BadUsage = 2 };
@@ -208,6 +209,26 @@ int List(const std::vector<std::wstring>& words, bool history) {
     return found ? Delivered : NotDelivered;
 }
 
+// The page the browser in front shows, as its driver reports it: the URL field, then the title field.
+int Page(HWND window, bool json) {
+    cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
+    counted_ptr<iWebBrowser> browser = list ? list->GetForegroundWebBrowser(CStdStr(), window) : counted_ptr<iWebBrowser>();
+    if (!browser) {
+        std::fwprintf(stderr, L"wbs: no browser recognised in front\n");
+        return NotDelivered;
+    }
+    PageInfo page;
+    if (!browser->GetCurrentPage(page)) {
+        std::fwprintf(stderr, L"wbs: the %ls driver reports no page\n", DriverName(browser).c_str());
+        return NotDelivered;
+    }
+    if (json)
+        WriteUtf8(L"{\"url\": " + JsonString(page.Url) + L", \"title\": " + JsonString(page.Title) + L"}\n");
+    else
+        WriteUtf8(page.Url + L"\n" + page.Title + L"\n");
+    return Delivered;
+}
+
 int Report(bool delivered) {
     std::wprintf(L"%ls\n", delivered ? L"delivered" : L"not delivered");
     return delivered ? Delivered : NotDelivered;
@@ -243,7 +264,8 @@ int wmain(int argc, wchar_t** argv) {
             continue;
         }
         const bool listing = !words.empty() && (words[0] == L"list-favorites" || words[0] == L"list-history");
-        if (arg.rfind(L"--", 0) == 0 && !listing) return Fail((L"unknown option " + arg).c_str());
+        const bool pageJson = arg == L"--json" && words.size() == 1 && words[0] == L"page";
+        if (arg.rfind(L"--", 0) == 0 && !listing && !pageJson) return Fail((L"unknown option " + arg).c_str());
         words.push_back(arg);
     }
     if (words.empty()) return Fail(L"no command given");
@@ -252,6 +274,11 @@ int wmain(int argc, wchar_t** argv) {
     if (command == L"list-favorites" || command == L"list-history") {
         if (window != nullptr) return Fail(L"--window does not go with listing");
         return List(words, command == L"list-history");
+    }
+    if (command == L"page") {
+        for (size_t i = 1; i < words.size(); ++i)
+            if (words[i] != L"--json" || i > 1) return Fail((L"unexpected argument " + words[i]).c_str());
+        return Page(window, words.size() == 2);
     }
     const bool takesUrl = command == L"go" || command == L"open";
     if (takesUrl && words.size() != 2) return Fail((command + L" takes exactly one URL").c_str());
