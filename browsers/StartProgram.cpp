@@ -63,3 +63,11 @@ bool StartProgram(const wchar_t* commandLine, HWND* window) {
     if (window) *window = ::GetForegroundWindow();
     return true;
 }
+
+std::wstring QuotedCommandLine(const std::wstring& programPath, const std::wstring& arguments) {
+    std::wstring path;
+    path.reserve(programPath.size());
+    for (const wchar_t ch : programPath)
+        if (ch != L'"') path += ch;
+    return arguments.empty() ? L"\"" + path + L"\"" : L"\"" + path + L"\" \"" + arguments + L"\"";
+}

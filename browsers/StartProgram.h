@@ -1,7 +1,12 @@
 #pragma once
 #include <windows.h>
+#include <string>
 
 // Starts a browser program from a command line (environment variables expanded), waits until it
 // is idle and has had a chance to take the foreground, and stores the foreground window then
 // in *window. False when the program could not be started.
 bool StartProgram(const wchar_t* commandLine, HWND* window);
+
+// The command line a browser is started with: the program path with its own quotes removed, in
+// quotes, then the arguments in quotes when there are any. The arguments keep any quotes of theirs.
+std::wstring QuotedCommandLine(const std::wstring& programPath, const std::wstring& arguments);

@@ -62,19 +62,8 @@ bool cGenericWebBrowser::Launch(const CStdStr& url) {
     CStdStr arguments;
     if (!GetProgramPath(programPath, arguments)) return false;
     arguments += url;
-
-    std::wstring path;
-    path.reserve(programPath.size());
-    for (wchar_t ch : programPath)
-        if (ch != L'"') path += ch;
-
-    // The arguments keep any quotes of their own; only the path is stripped before quoting.
-    std::vector<wchar_t> commandLine(path.size() + arguments.size() + 6, L'\0');
-    if (arguments.empty())
-        std::swprintf(commandLine.data(), commandLine.size(), L"\"%ls\"", path.c_str());
-    else
-        std::swprintf(commandLine.data(), commandLine.size(), L"\"%ls\" \"%ls\"", path.c_str(), arguments.c_str());
-    return StartProgram(commandLine.data(), &window);
+    std::wstring commandLine = QuotedCommandLine(programPath, arguments);
+    return StartProgram(commandLine.c_str(), &window);
 }
 
 bool cGenericWebBrowser::Stop() { return SendAppCommand(window, AppCommandStop, false); }

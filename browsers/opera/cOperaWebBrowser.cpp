@@ -1,4 +1,5 @@
 #include "browsers/opera/cOperaWebBrowser.h"
+#include "browsers/StartProgram.h"
 #include <cwchar>
 #include <string>
 #include <vector>
@@ -62,16 +63,7 @@ bool cOperaWebBrowser::OpenURL(HWND, const CStdStr& url) {
     CStdStr arguments;
     if (!GetProgramPath(programPath, arguments)) return false;
     arguments += url;
-
-    std::wstring path;
-    path.reserve(programPath.size());
-    for (const wchar_t ch : programPath)
-        if (ch != L'"') path += ch;
-    std::vector<wchar_t> commandLine(path.size() + arguments.size() + 6, L'\0');
-    if (arguments.empty())
-        std::swprintf(commandLine.data(), commandLine.size(), L"\"%ls\"", path.c_str());
-    else
-        std::swprintf(commandLine.data(), commandLine.size(), L"\"%ls\" \"%ls\"", path.c_str(), arguments.c_str());
+    std::wstring commandLine = QuotedCommandLine(programPath, arguments);
     const bool started = StartOpera(commandLine.data());
 
     // Opera may take a while to show its window; the wait does not change the result.
