@@ -20,6 +20,25 @@ struct HeapRecord {
 };
 }  // namespace
 
+ScopedHandle StartIdleProcess(wchar_t* commandLine, bool handToForeground) {
+    HeapRecord startupRecord(sizeof(STARTUPINFOW));
+    HeapRecord processRecord(sizeof(PROCESS_INFORMATION));
+    if (!startupRecord.data || !processRecord.data) return ScopedHandle();
+    auto* startup = static_cast<STARTUPINFOW*>(startupRecord.data);
+    auto* process = static_cast<PROCESS_INFORMATION*>(processRecord.data);
+    startup->cb = sizeof(STARTUPINFOW);
+    startup->dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEONFEEDBACK;
+    startup->wShowWindow = SW_SHOWNORMAL;
+    if (!::CreateProcessW(nullptr, commandLine, nullptr, nullptr, FALSE, CREATE_NEW_PROCESS_GROUP, nullptr, nullptr,
+                          startup, process))
+        return ScopedHandle();
+    ScopedHandle processHandle(process->hProcess);
+    const ScopedHandle threadHandle(process->hThread);
+    ::WaitForInputIdle(processHandle.get(), INFINITE);
+    BringProcessToForeground(process->dwProcessId, handToForeground ? processHandle.get() : nullptr);
+    return processHandle;
+}
+
 bool StartProgram(const wchar_t* commandLine, HWND* window) {
     if (commandLine == nullptr) return false;
     const HWND previousForeground = ::GetForegroundWindow();
@@ -33,23 +52,8 @@ bool StartProgram(const wchar_t* commandLine, HWND* window) {
         line.assign(commandLine, commandLine + ::lstrlenW(commandLine) + 1);
     if (line.empty() || line.back() != L'\0') line.push_back(L'\0');
 
-    HeapRecord startupRecord(sizeof(STARTUPINFOW));
-    HeapRecord processRecord(sizeof(PROCESS_INFORMATION));
-    if (!startupRecord.data || !processRecord.data) return false;
-    auto* startup = static_cast<STARTUPINFOW*>(startupRecord.data);
-    auto* process = static_cast<PROCESS_INFORMATION*>(processRecord.data);
-    startup->cb = sizeof(STARTUPINFOW);
-    startup->dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEONFEEDBACK;
-    startup->wShowWindow = SW_SHOWNORMAL;
-
-    if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NEW_PROCESS_GROUP, nullptr,
-                          nullptr, startup, process))
-        return false;
-    ScopedHandle processHandle(process->hProcess);
-    ScopedHandle threadHandle(process->hThread);
-
-    ::WaitForInputIdle(processHandle.get(), INFINITE);
-    BringProcessToForeground(process->dwProcessId, processHandle.get());
+    const ScopedHandle processHandle = StartIdleProcess(line.data(), true);
+    if (!processHandle) return false;
 
     // Give the program time to take the foreground: 100 ms, doubling, six times at most, and no
     // longer once it has ended.

@@ -1,6 +1,13 @@
 #pragma once
 #include <windows.h>
 #include <string>
+#include "core/ScopedHandle.h"
+
+// Starts a browser program as the starters do: zero-filled records from the process heap, shown
+// normally with start-up feedback, in a process group of its own; waits until it is idle for input
+// and asks for it to come forward (handing over its process handle when handToForeground). The
+// process handle, or none when the program could not be started.
+ScopedHandle StartIdleProcess(wchar_t* commandLine, bool handToForeground);
 
 // Starts a browser program from a command line (environment variables expanded), waits until it
 // is idle and has had a chance to take the foreground, and stores the foreground window then

@@ -2,6 +2,10 @@
 #include <shellapi.h>
 #include "core/ScopedHandle.h"
 
+namespace {
+constexpr DWORD kWaitLimitMs = 30000;
+}
+
 bool ExecuteProgram(const wchar_t* what, int showCommand, bool wait, const wchar_t* parameters) noexcept {
     if (what == nullptr) return false;
     SHELLEXECUTEINFOW info = {};
@@ -15,6 +19,7 @@ bool ExecuteProgram(const wchar_t* what, int showCommand, bool wait, const wchar
     if (!::ShellExecuteExW(&info)) return false;
     // A handler that reuses a running program starts no process, so there may be nothing to wait for.
     ScopedHandle process(info.hProcess);
-    if (process) ::WaitForSingleObject(process.get(), INFINITE);
+    // Bounded like every wait in the library: a program that runs on is not waited for past it.
+    if (process) ::WaitForSingleObject(process.get(), kWaitLimitMs);
     return true;
 }

@@ -1,7 +1,5 @@
 #include "browsers/generic/cGenericWebBrowser.h"
 #include <typeinfo>
-#include <vector>
-#include <cwchar>
 #include "IEventMgr.h"
 #include "IHandler.h"
 #include "browsers/StartProgram.h"

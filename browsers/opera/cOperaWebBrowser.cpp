@@ -1,13 +1,9 @@
 #include "browsers/opera/cOperaWebBrowser.h"
 #include "browsers/StartProgram.h"
-#include <cwchar>
 #include <string>
-#include <vector>
 #include "browsers/MozillaFamily.h"
 #include "browsers/RaiseWindow.h"
 #include "browsers/opera/OperaProgramPath.h"
-#include "core/ScopedHandle.h"
-#include "tovutil/BringProcessToForeground.h"
 #include "tovutil/ForegroundAttentionGrabber.h"
 
 namespace {
@@ -17,40 +13,6 @@ const wchar_t kOtherWindowClass[] = L"OUIWINDOW";
 constexpr int kForegroundTries = 6;
 constexpr DWORD kFirstForegroundWaitMs = 100;
 
-// Start-up and process records come zero-filled from the process heap and go back to it.
-class HeapRecord {
-public:
-    explicit HeapRecord(SIZE_T size) noexcept : data_(::HeapAlloc(::GetProcessHeap(), HEAP_ZERO_MEMORY, size)) {}
-    ~HeapRecord() {
-        if (data_ != nullptr) ::HeapFree(::GetProcessHeap(), 0, data_);
-    }
-    HeapRecord(const HeapRecord&) = delete;
-    HeapRecord& operator=(const HeapRecord&) = delete;
-    template <typename T>
-    T* As() const noexcept { return static_cast<T*>(data_); }
-
-private:
-    void* data_;
-};
-
-bool StartOpera(wchar_t* commandLine) {
-    HeapRecord startupRecord(sizeof(STARTUPINFOW));
-    HeapRecord processRecord(sizeof(PROCESS_INFORMATION));
-    auto* startup = startupRecord.As<STARTUPINFOW>();
-    auto* process = processRecord.As<PROCESS_INFORMATION>();
-    if (startup == nullptr || process == nullptr) return false;
-    startup->cb = sizeof(STARTUPINFOW);
-    startup->dwFlags = STARTF_USESHOWWINDOW | STARTF_FORCEONFEEDBACK;
-    startup->wShowWindow = SW_SHOWNORMAL;
-    if (!::CreateProcessW(nullptr, commandLine, nullptr, nullptr, FALSE, CREATE_NEW_PROCESS_GROUP, nullptr, nullptr,
-                          startup, process))
-        return false;
-    const ScopedHandle processHandle(process->hProcess);
-    const ScopedHandle threadHandle(process->hThread);
-    ::WaitForInputIdle(processHandle.get(), INFINITE);
-    BringProcessToForeground(process->dwProcessId, nullptr);
-    return true;
-}
 }  // namespace
 
 cOperaWebBrowser::cOperaWebBrowser(HWND window) : cGenericWebBrowser(window), cNavigateUtility(CStdStr(kServiceName)) {
@@ -64,7 +26,7 @@ bool cOperaWebBrowser::OpenURL(HWND, const CStdStr& url) {
     if (!GetProgramPath(programPath, arguments)) return false;
     arguments += url;
     std::wstring commandLine = QuotedCommandLine(programPath, arguments);
-    const bool started = StartOpera(commandLine.data());
+    const bool started = static_cast<bool>(StartIdleProcess(commandLine.data(), false));
 
     // Opera may take a while to show its window; the wait does not change the result.
     DWORD wait = kFirstForegroundWaitMs;
