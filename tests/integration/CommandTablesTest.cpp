@@ -9,6 +9,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 #include <algorithm>
+#include <atomic>
+#include <thread>
+#include <utility>
 #include <functional>
 #include <map>
 #include <memory>
@@ -146,6 +149,8 @@ public:
     explicit Runner(const Case& c) : case_(c) {}
 
     ~Runner() {
+        boxDone_ = true;
+        if (boxWatch_.joinable()) boxWatch_.join();
         for (const std::wstring& image : endImages_) EndProcesses(image);
         for (const std::wstring& file : files_) ::DeleteFileW(file.c_str());
         for (const std::wstring& name : env_) ::SetEnvironmentVariableW(name.c_str(), nullptr);
@@ -340,6 +345,9 @@ private:
     std::vector<Input> lastInput_;
     std::vector<std::wstring> endImages_, files_, env_;
     EventMgr events_;
+    std::thread boxWatch_;
+    std::atomic<bool> boxDone_{false};
+    std::wstring boxSeen_;
     bool eventsOn_ = false;
     ULONGLONG elapsed_ = 0;
 };
@@ -404,6 +412,35 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              return Bool(WaitFor([&] { return ::GetForegroundWindow() == window; }, 5000));
          }},
         {L"end", [](Runner& r, T t) { return r.endImages_.push_back(t[1]), std::wstring(); }},
+        {L"expectbox", [](Runner& r, T) {
+             // A message box of this program, shown while the next rows run, is read and answered.
+             r.boxWatch_ = std::thread([&r] {
+                 while (!r.boxDone_) {
+                     const HWND box = ::FindWindowW(L"#32770", nullptr);
+                     DWORD owner = 0;
+                     if (box != nullptr) ::GetWindowThreadProcessId(box, &owner);
+                     if (owner != ::GetCurrentProcessId()) {
+                         ::Sleep(20);  // the next look
+                         continue;
+                     }
+                     wchar_t caption[256] = {}, text[256] = {};
+                     ::GetWindowTextW(box, caption, 256);
+                     for (HWND child = ::FindWindowExW(box, nullptr, L"Static", nullptr); child && !*text;
+                          child = ::FindWindowExW(box, child, L"Static", nullptr))
+                         ::GetWindowTextW(child, text, 256);
+                     r.boxSeen_ += std::wstring(r.boxSeen_.empty() ? L"" : L" | ") + text + L"|" + caption;
+                     ::PostMessageW(box, WM_COMMAND, IDOK, 0);
+                     while (::IsWindow(box) && !r.boxDone_) ::Sleep(10);
+                 }
+             });
+             return std::wstring();
+         }},
+        {L"box", [](Runner& r, T) {
+             r.boxDone_ = true;
+             if (r.boxWatch_.joinable()) r.boxWatch_.join();
+             r.boxDone_ = false;
+             return std::exchange(r.boxSeen_, std::wstring());
+         }},
         // Commands.
         {L"BrowserBack", [](Runner& r, T t) { return Bool(BrowserBack(r.Events(), r.Window(t[1]))); }},
         {L"BrowserForward", [](Runner& r, T t) { return Bool(BrowserForward(r.Events(), r.Window(t[1]))); }},
