@@ -1,7 +1,8 @@
 // The readers' cases: each folder under tests/data/readers belongs to one reader, and each case
 // in it is "<case>.expected", the listing the reader must give (one entry a line, UTF-8, its extra
 // text after a tab; "(false)" when it must report failure), beside what is read:
-//   <case>.html, .rdf   placed where the reader's browser keeps that file in a profile
+//   <case>.html, .rdf, .adr, .dir, .aut, .bin
+//                       placed where the reader's browser keeps that file
 //   <case>.tree         the Favorites folder, a line an item: "dir PATH", "url PATH URL",
 //                       "lnk PATH TARGET" (a shell link), "file PATH TEXT"; paths below the case root
 //   <case>.reg          registry values, a line each: "KEY|NAME=DATA" or "KEY|NAME:dword=N" ...;
@@ -14,6 +15,7 @@
 #include <windows.h>
 #include <shlobj.h>
 #include <functional>
+#include "favorites/cAOLFavoritesFinder.h"
 #include "favorites/cBrowserFavorites.h"
 #include "favorites/cFirefoxFavoritesFinder.h"
 #include "favorites/cIEFavoritesFinder.h"
@@ -23,6 +25,7 @@
 #include "history/cFirefoxHistoryFinder.h"
 #include "history/cIEHistoryFinder.h"
 #include "history/cNetscape7HistoryFinder.h"
+#include "history/cAOLHistoryFinder.h"
 #include "history/cNetscapeHistoryFinder.h"
 #include "history/cOperaHistoryFinder.h"
 #include "support/TestSupport.h"
@@ -32,7 +35,8 @@ using namespace wbstest;
 namespace {
 
 const wchar_t kShellFolders[] = L"HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
-const wchar_t kAppPaths[] = L"HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Opera.exe";
+const wchar_t kOperaProgram[] = L"HKLM\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Opera.exe|={root}\\Opera\\opera.exe";
+const wchar_t kAolPath[] = L"HKLM\\SOFTWARE\\America Online\\AOL\\CurrentVersion|AppPath={root}\\AOL";
 const wchar_t* const kOwnedKeys[] = {L"Software\\Microsoft\\Internet Explorer\\TypedURLs",
                                      L"Software\\Netscape\\Netscape Navigator\\biff", L"Software\\Opera Software"};
 
@@ -47,13 +51,13 @@ std::vector<std::wstring> Texts(bool found, const Entries& list) {
 // One reader: where its file goes in a profile (and a bookmark file its profile needs beside
 // it), and a read that keeps its finder between the reads of one case.
 struct Reader {
-    std::wstring profileFile, companion, program;  // program: registered under App Paths, below the root
+    std::wstring profileFile, companion, registration;  // registration: a .reg line for the program
     std::function<std::function<std::vector<std::wstring>()>()> make;
 };
 
 template <typename Finder>
-Reader Favorites(std::wstring file, std::wstring program = L"") {
-    return {std::move(file), L"", std::move(program), [] {
+Reader Favorites(std::wstring file, std::wstring registration = L"") {
+    return {std::move(file), L"", std::move(registration), [] {
         auto favorites = std::make_shared<cBrowserFavorites<Finder>>();
         return [favorites] {
             FavoritesList list;
@@ -66,8 +70,8 @@ Reader Favorites(std::wstring file, std::wstring program = L"") {
 
 // History finders append: what the list held before stays first.
 template <typename Finder>
-Reader History(std::wstring file, std::wstring companion = L"", std::wstring program = L"") {
-    return {std::move(file), std::move(companion), std::move(program), [] {
+Reader History(std::wstring file, std::wstring companion = L"", std::wstring registration = L"") {
+    return {std::move(file), std::move(companion), std::move(registration), [] {
         auto finder = std::make_shared<Finder>();
         return [finder] {
             HistoryList list;
@@ -92,8 +96,10 @@ const std::map<std::wstring, Reader>& Readers() {
         {L"netscape-history", History<cNetscapeHistoryFinder>(L"AppData\\Netscape\\NSB\\Profiles\\default\\t1.slt\\localstore.rdf", L"bookmarks.html")},
         {L"netscape7-history", History<cNetscape7HistoryFinder>(L"AppData\\Mozilla\\Profiles\\default\\t1.slt\\localstore.rdf", L"bookmarks.html")},
         {L"ie-history", History<cIEHistoryFinder>(L"")},
-        {L"opera-bookmarks", Favorites<cOperaFavoritesFinder>(L"Opera\\Profile\\opera6.adr", L"Opera\\opera.exe")},
-        {L"opera-history", History<cOperaHistoryFinder>(L"Opera\\Opera.dir", L"", L"Opera\\opera.exe")},
+        {L"opera-bookmarks", Favorites<cOperaFavoritesFinder>(L"Opera\\Profile\\opera6.adr", kOperaProgram)},
+        {L"opera-history", History<cOperaHistoryFinder>(L"Opera\\Opera.dir", L"", kOperaProgram)},
+        {L"aol-favorites", Favorites<cAOLFavoritesFinder>(L"AOL\\Organize\\main", kAolPath)},
+        {L"aol-history", History<cAOLHistoryFinder>(L"AOL\\Organize\\main.AUT", L"", kAolPath)},
     };
     return readers;
 }
@@ -111,21 +117,24 @@ void CopyTree(const std::wstring& from, const std::wstring& to) {
     }
 }
 
-void ApplyRegistry(RegistryScope& registry, const std::wstring& file, const std::wstring& root) {
-    for (const std::wstring& line : Lines(ReadBytes(file))) {
-        const size_t bar = line.find(L'|'), equals = line.find(L'=', bar);
-        if (line.empty() || line[0] == L'#' || bar == std::wstring::npos) continue;
-        if (equals == std::wstring::npos) {
-            registry.Delete(line.substr(0, bar), line.substr(bar + 1));
-            continue;
-        }
-        std::wstring name = line.substr(bar + 1, equals - bar - 1), type = L"sz";
-        if (const size_t colon = name.find(L':'); colon != std::wstring::npos) type = name.substr(colon + 1), name.erase(colon);
-        const DWORD code = type == L"dword" ? REG_DWORD : type == L"expand" ? REG_EXPAND_SZ
-                         : type == L"binary" ? REG_BINARY : type == L"multi" ? REG_MULTI_SZ : REG_SZ;
-        ASSERT_TRUE(registry.Set(line.substr(0, bar), name, code, Replace(Unescape(line.substr(equals + 1)), L"{root}", root)))
-            << ToUtf8(line);
+// One registry line: "KEY|NAME=DATA", "KEY|NAME:type=DATA" or "KEY|NAME" to remove the value.
+void ApplyRegistryLine(RegistryScope& registry, const std::wstring& line, const std::wstring& root) {
+    const size_t bar = line.find(L'|'), equals = line.find(L'=', bar);
+    if (line.empty() || line[0] == L'#' || bar == std::wstring::npos) return;
+    if (equals == std::wstring::npos) {
+        registry.Delete(line.substr(0, bar), line.substr(bar + 1));
+        return;
     }
+    std::wstring name = line.substr(bar + 1, equals - bar - 1), type = L"sz";
+    if (const size_t colon = name.find(L':'); colon != std::wstring::npos) type = name.substr(colon + 1), name.erase(colon);
+    const DWORD code = type == L"dword" ? REG_DWORD : type == L"expand" ? REG_EXPAND_SZ
+                     : type == L"binary" ? REG_BINARY : type == L"multi" ? REG_MULTI_SZ : REG_SZ;
+    ASSERT_TRUE(registry.Set(line.substr(0, bar), name, code, Replace(Unescape(line.substr(equals + 1)), L"{root}", root)))
+        << ToUtf8(line);
+}
+
+void ApplyRegistry(RegistryScope& registry, const std::wstring& file, const std::wstring& root) {
+    for (const std::wstring& line : Lines(ReadBytes(file))) ApplyRegistryLine(registry, line, root);
 }
 
 // Builds a Favorites tree: folders, Internet Shortcut files as the browser writes them, shell links.
@@ -193,9 +202,7 @@ TEST_P(ReaderCases, EachCaseReadsAsItsExpectedListing) {
         RegistryScope registry;
         ASSERT_TRUE(registry.Set(kShellFolders, L"AppData", REG_EXPAND_SZ, root + L"\\AppData"));
         ASSERT_TRUE(registry.Set(kShellFolders, L"Favorites", REG_EXPAND_SZ, root + L"\\Favorites"));
-        if (!reader.program.empty()) {
-            ASSERT_TRUE(registry.Set(kAppPaths, L"", REG_SZ, root + L"\\" + reader.program));
-        }
+        ApplyRegistryLine(registry, reader.registration, root);
         if (::GetFileAttributesW((folder + L"\\" + name).c_str()) & FILE_ATTRIBUTE_DIRECTORY)
             CopyTree(folder + L"\\" + name, root);
         std::vector<std::wstring> inputs = FolderNames(folder, name + L".*");
