@@ -1,4 +1,5 @@
 #include <new>
+#include "browsers/aol/cAOLWebBrowser.h"
 #include "browsers/firefox/cFirefoxWebBrowser.h"
 #include "browsers/ie/cIEWebBrowser.h"
 #include "browsers/netscape/cNetscape7WebBrowser.h"
@@ -25,6 +26,8 @@ counted_ptr<iWebBrowser> FactoryListAccess::FamilyBrowser(const CStdStr& family)
         made = new (std::nothrow) cNetscape8WebBrowser();
     else if (family == L"netscape7")
         made = new (std::nothrow) cNetscape7WebBrowser();
+    else if (family == L"aol")
+        made = new (std::nothrow) cAOLWebBrowser();
     else if (family == L"opera")
         made = new (std::nothrow) cOperaWebBrowser();
     return counted_ptr<iWebBrowser>(made);

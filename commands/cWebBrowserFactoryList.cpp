@@ -1,4 +1,5 @@
 #include "cWebBrowserFactoryList.h"
+#include "browsers/aol/cAOLWebBrowserFactory.h"
 #include "browsers/chrome/cChromeBrowserFactory.h"
 #include "browsers/firefox/cFirefoxWebBrowserFactory.h"
 #include "browsers/generic/cGenericWebBrowserFactory.h"
@@ -44,6 +45,7 @@ cWebBrowserFactoryList::cWebBrowserFactoryList() {
     // The order is the tie-break between families: the first factory that claims a program wins.
     Register<cIEWebBrowserFactory>();
     Register<cOperaWebBrowserFactory>();
+    Register<cAOLWebBrowserFactory>();
     Register<cFirefoxWebBrowserFactory>();
     Register<cNetscapeWebBrowserFactory>();
     Register<cGenericWebBrowserFactory>();

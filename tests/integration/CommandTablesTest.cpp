@@ -19,6 +19,7 @@
 #include <typeinfo>
 #include "WebBrowserSupport.h"
 #include "browsers/KeyRefresh.h"
+#include "browsers/aol/cAOLToolbarCommander.h"
 #include "browsers/StartProgram.h"
 #include "browsers/cNavigateUtility.h"
 #include "browsers/chrome/cChromeBrowser.h"
@@ -341,6 +342,7 @@ private:
     std::map<std::wstring, HWND> windows_;
     std::map<std::wstring, counted_ptr<iWebBrowser>> drivers_;
     std::unique_ptr<CLegacyKeySender> sender_;
+    std::unique_ptr<cAOLToolbarCommander> aolToolbar_;
     RegistryScope registry_;
     std::vector<Input> lastInput_;
     std::vector<std::wstring> endImages_, files_, env_;
@@ -483,6 +485,12 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              }
              return std::to_wstring(r.sender_->SendButton(static_cast<unsigned short>(std::stoi(t[2])), std::stoi(t[3]),
                                                          std::stoi(t[4])));
+         }},
+        {L"aolcode", [](Runner& r, T t) {
+             // One commander for the case, so that a repeat acts on the windows of the last fresh press.
+             if (!r.aolToolbar_) r.aolToolbar_ = std::make_unique<cAOLToolbarCommander>();
+             return std::to_wstring(r.aolToolbar_->Execute(static_cast<unsigned short>(std::stoi(t[1])), std::stoi(t[2]),
+                                                           std::stoi(t[3])));
          }},
         {L"presskey", [](Runner&, T t) {
              auto presser = t[1] == L"sendinput" ? std::make_unique<CZyPressKey>() : std::make_unique<CZyPressKey>(CPlatforme(0));

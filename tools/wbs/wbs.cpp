@@ -27,7 +27,7 @@ const wchar_t kUsage[] =
     L"                           the browser's favorites, one a line (Text, then a tab and Extra if any)\n"
     L"  list-history --browser <family> [--json]\n"
     L"                           the browser's typed addresses\n"
-    L"                           families: ie, firefox, netscape, netscape8, netscape7, opera\n"
+    L"                           families: ie, firefox, netscape, netscape8, netscape7, opera, aol\n"
     L"  --help                   this text\n";
 
 enum ExitCode { Delivered = 0, NotDelivered = 1, BadUsage = 2 };
