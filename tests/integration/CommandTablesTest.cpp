@@ -551,7 +551,8 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
         {L"ownfocus", [](Runner& r, T) { return r.Id(::GetFocus()); }},
         {L"log", [](Runner& r, T t) {
              const Fixture& fixture = *r.fixtures_.at(t[1]);
-             WaitFor([&] { return !fixture.Values(t[2]).empty(); }, t.size() > 3 ? std::stoul(t[3]) : 3000);
+             // An optional bound waits for a first line: input reaches a window after posted messages.
+             if (t.size() > 3) WaitFor([&] { return !fixture.Values(t[2]).empty(); }, std::stoul(t[3]));
              std::wstring joined;
              for (const std::wstring& value : fixture.Values(t[2])) joined += (joined.empty() ? L"" : L" | ") + value;
              return joined;
