@@ -31,6 +31,7 @@ std::wstring WalkName(const std::wstring& folder) {
 
 bool cIEFavoritesFinder::GetFavorites(FavoritesList& list) {
     list.clear();
+    linksWalked_.clear();
 
     LPITEMIDLIST favorites = nullptr;
     if (FAILED(::SHGetSpecialFolderLocation(::GetDesktopWindow(), CSIDL_FAVORITES, &favorites))) return false;
@@ -80,7 +81,10 @@ HRESULT cIEFavoritesFinder::EnumFavoritesFolder(FavoritesList& list, const wchar
                     // The linked folder's contents go inside the entry; a target that cannot be
                     // listed (a file, a vanished folder) leaves it empty and the walk goes on.
                     if (!target.empty() && target.back() != L'\\') target += L'\\';
-                    if (!IsOnWalkPath(target)) (void)EnumFavoritesFolder(list, target.c_str(), true);
+                    // Each linked folder is walked once a read: links among folders outside the Favorites
+                    // could otherwise lead through every path between them.
+                    if (!IsOnWalkPath(target) && linksWalked_.insert(WalkName(target)).second)
+                        (void)EnumFavoritesFolder(list, target.c_str(), true);
                     AddFolderEnd(list, name);
                 }
             }

@@ -1,4 +1,5 @@
 #pragma once
+#include <set>
 #include <vector>
 #include <windows.h>
 #include <objidl.h>
@@ -31,4 +32,5 @@ private:
 
     ComPtr<IMalloc> shellAllocator_;
     std::vector<std::wstring> walkPath_;  // the folders being walked, outermost first, lower-cased
+    std::set<std::wstring> linksWalked_;  // the linked folders walked in this read
 };
