@@ -19,7 +19,10 @@ bool ReadAllBytes(const CStdStr& path, std::string& bytes) {
     if (!file) return false;
     char buffer[kReadBufferSize];
     DWORD read = 0;
-    while (::ReadFile(file.get(), buffer, kReadBufferSize, &read, nullptr) && read > 0) bytes.append(buffer, read);
+    // A favorites file is small; past this size the rest is not read, so memory stays bounded.
+    constexpr size_t kLargestFile = 64u << 20;
+    while (bytes.size() < kLargestFile && ::ReadFile(file.get(), buffer, kReadBufferSize, &read, nullptr) && read > 0)
+        bytes.append(buffer, read);
     return true;
 }
 }  // namespace

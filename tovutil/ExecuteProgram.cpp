@@ -11,7 +11,8 @@ bool ExecuteProgram(const wchar_t* what, int showCommand, bool wait, const wchar
     SHELLEXECUTEINFOW info = {};
     info.cbSize = sizeof info;
     // No dialog of the shell's own: a refused address is reported as false, never shown.
-    info.fMask = SEE_MASK_FLAG_NO_UI | (wait ? SEE_MASK_NOCLOSEPROCESS : 0);
+    // Synchronous: a host that returns (or a command-line host that exits) at once still hands it over.
+    info.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC | (wait ? SEE_MASK_NOCLOSEPROCESS : 0);
     info.lpVerb = L"open";
     info.lpFile = what;
     info.lpParameters = parameters;

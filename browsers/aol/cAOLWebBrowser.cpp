@@ -31,7 +31,9 @@ bool cAOLWebBrowser::ReadAddressCombo(CStdStr& text) {
 
     const LRESULT length = ::SendMessageW(edit, WM_GETTEXTLENGTH, 0, 0);
     if (length <= 0) return false;
-    std::vector<wchar_t> buffer(static_cast<size_t>(length) + 1, L'\0');
+    // The length comes from another program's window: an address is never near this long.
+    constexpr LRESULT kLongestAddress = 65535;
+    std::vector<wchar_t> buffer(static_cast<size_t>(length < kLongestAddress ? length : kLongestAddress) + 1, L'\0');
     const LRESULT copied = ::SendMessageW(edit, WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()));
     if (copied <= 0) return false;
     address = buffer.data();
