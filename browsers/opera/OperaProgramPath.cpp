@@ -21,6 +21,10 @@ bool FindOperaProgramPath(const wchar_t* programFile, CStdStr& programPath) {
 }
 
 CStdStr ProgramFolder(const CStdStr& programPath) {
-    const CStdStr::size_type lastSlash = programPath.rfind(L'\\');
-    return lastSlash == CStdStr::npos ? CStdStr() : CStdStr(programPath.substr(0, lastSlash));
+    // A registration may quote its path, as the start of the program allows; the folder has no quotes.
+    std::wstring path;
+    for (const wchar_t ch : programPath)
+        if (ch != L'"') path += ch;
+    const std::wstring::size_type lastSlash = path.rfind(L'\\');
+    return lastSlash == std::wstring::npos ? CStdStr() : CStdStr(path.substr(0, lastSlash));
 }

@@ -7,5 +7,5 @@
 // "Plugin Path" ends the search. On failure programPath is left as it was.
 bool FindOperaProgramPath(const wchar_t* programFile, CStdStr& programPath);
 
-// The program path up to, not including, its last backslash (empty without one).
+// The program path without its quotes, up to, not including, its last backslash (empty without one).
 CStdStr ProgramFolder(const CStdStr& programPath);
