@@ -1,22 +1,20 @@
 #include "history/AOLOrganizeFile.h"
 #include <windows.h>
 #include <cwchar>
+#include "browsers/aol/AOLConstants.h"
 #include "core/ScopedFindHandle.h"
 #include "tovutil/CRegistry.h"
 
 namespace {
-const wchar_t kCurrentVersionKey[] = L"Software\\America Online\\AOL\\CurrentVersion";
-const wchar_t kAppPathValue[] = L"AppPath";
-
 bool ReadAppPath(CStdStr& folder) {
     CRegistry key;
-    if (key.Open(HKEY_LOCAL_MACHINE, kCurrentVersionKey) != ERROR_SUCCESS) return false;
+    if (key.Open(HKEY_LOCAL_MACHINE, AOLConstants::RegistryKey.c_str()) != ERROR_SUCCESS) return false;
     DWORD type = REG_NONE;
     DWORD bytes = 0;
-    if (::RegQueryValueExW(key.Key(), kAppPathValue, nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS) return false;
+    if (::RegQueryValueExW(key.Key(), AOLConstants::AppPathValue.c_str(), nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS) return false;
     // An expandable path is not expanded and not used either: the installer writes a plain string.
     if (type != REG_SZ) return false;
-    return key.ReadStringValue(kAppPathValue, folder) == ERROR_SUCCESS;
+    return key.ReadStringValue(AOLConstants::AppPathValue.c_str(), folder) == ERROR_SUCCESS;
 }
 }  // namespace
 
