@@ -1,4 +1,5 @@
 #include "browsers/StartProgram.h"
+#include <utility>
 #include <vector>
 #include "core/ScopedHandle.h"
 #include "tovutil/BringProcessToForeground.h"
@@ -55,17 +56,19 @@ bool StartProgram(const wchar_t* commandLine, HWND* window) {
     const ScopedHandle processHandle = StartIdleProcess(line.data(), true);
     if (!processHandle) return false;
 
-    // Give the program time to take the foreground: 100 ms, doubling, six times at most, and no
-    // longer once it has ended.
-    HWND foreground = ::GetForegroundWindow();
-    DWORD wait = kFirstForegroundWaitMs;
-    for (int attempt = 0; attempt < kForegroundTries && foreground == previousForeground; ++attempt, wait *= 2) {
-        ::Sleep(wait);
-        if (::WaitForSingleObject(processHandle.get(), 20) == WAIT_OBJECT_0) break;
-        foreground = ::GetForegroundWindow();
-    }
+    // Give the program time to take the foreground, and no longer once it has ended.
+    bool slept = false;
+    WaitDoubling([&] {
+        if (std::exchange(slept, true) && ::WaitForSingleObject(processHandle.get(), 20) == WAIT_OBJECT_0) return false;
+        return ::GetForegroundWindow() == previousForeground;
+    });
     if (window) *window = ::GetForegroundWindow();
     return true;
+}
+
+void WaitDoubling(const std::function<bool()>& keepWaiting) {
+    DWORD wait = kFirstForegroundWaitMs;
+    for (int attempt = 0; attempt < kForegroundTries && keepWaiting(); ++attempt, wait *= 2) ::Sleep(wait);
 }
 
 std::wstring QuotedCommandLine(const std::wstring& programPath, const std::wstring& arguments) {

@@ -1,5 +1,6 @@
 #pragma once
 #include <windows.h>
+#include <functional>
 #include <string>
 #include "core/ScopedHandle.h"
 
@@ -8,6 +9,10 @@
 // and asks for it to come forward (handing over its process handle when handToForeground). The
 // process handle, or none when the program could not be started.
 ScopedHandle StartIdleProcess(wchar_t* commandLine, bool handToForeground);
+
+// Sleeps 100 ms, then twice as long each time, six times at most, for as long as keepWaiting()
+// holds (asked before each sleep): how long a started browser is given to come forward.
+void WaitDoubling(const std::function<bool()>& keepWaiting);
 
 // Starts a browser program from a command line (environment variables expanded), waits until it
 // is idle and has had a chance to take the foreground, and stores the foreground window then

@@ -10,8 +10,6 @@ namespace {
 const wchar_t kServiceName[] = L"Opera";
 const wchar_t kMainWindowClass[] = L"OpWindow";
 const wchar_t kOtherWindowClass[] = L"OUIWINDOW";
-constexpr int kForegroundTries = 6;
-constexpr DWORD kFirstForegroundWaitMs = 100;
 
 }  // namespace
 
@@ -29,9 +27,7 @@ bool cOperaWebBrowser::OpenURL(HWND, const CStdStr& url) {
     const bool started = static_cast<bool>(StartIdleProcess(commandLine.data(), false));
 
     // Opera may take a while to show its window; the wait does not change the result.
-    DWORD wait = kFirstForegroundWaitMs;
-    for (int attempt = 0; attempt < kForegroundTries && ::GetForegroundWindow() == nullptr; ++attempt, wait *= 2)
-        ::Sleep(wait);
+    WaitDoubling([] { return ::GetForegroundWindow() == nullptr; });
     return started;
 }
 
