@@ -214,12 +214,7 @@ private:
             names.insert(names.end(), {{L"{" + id + L".dir}", fixture->Folder()}, {L"{" + id + L"}", fixture->Program()},
                                        {L"{" + id + L".hwnd}", handle}});
         }
-        {
-            for (const auto& [key, value] : names) {
-                for (size_t at = text.find(key); at != std::wstring::npos; at = text.find(key, at + value.size()))
-                    text.replace(at, key.size(), value);
-            }
-        }
+        for (const auto& [key, value] : names) text = Replace(text, key, value);
         return text;
     }
 

@@ -104,11 +104,6 @@ const std::map<std::wstring, Reader>& Readers() {
     return readers;
 }
 
-std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to) {
-    for (size_t at = text.find(from); at != std::wstring::npos; at = text.find(from, at + to.size())) text.replace(at, from.size(), to);
-    return text;
-}
-
 void CopyTree(const std::wstring& from, const std::wstring& to) {
     for (const std::wstring& name : FolderNames(from, L"*")) {
         const std::wstring source = from + L"\\" + name;

@@ -45,6 +45,12 @@ std::wstring Unescape(std::wstring_view text) {
     return out;
 }
 
+std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to) {
+    for (size_t at = text.find(from); at != std::wstring::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
 std::wstring DataPath(const std::wstring& relative) { return FromUtf8(WBS_TEST_DATA) + L"\\" + relative; }
 
 std::string ReadBytes(const std::wstring& path) {

@@ -28,6 +28,9 @@ std::wstring FromUtf8(std::string_view bytes);
 // "\t", "\r", "\n", "\\", "\"" and "\uXXXX" in table text; any other backslash stands as written.
 std::wstring Unescape(std::wstring_view text);
 
+// text with every from replaced by to.
+std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to);
+
 // A path below the source tree's tests/data.
 std::wstring DataPath(const std::wstring& relative);
 std::string ReadBytes(const std::wstring& path);
