@@ -48,9 +48,9 @@ private:
 
 // Reaches the factory list's private parts for the command-line host and the tests: the
 // default-browser command line, and dropping the instance. Also makes the driver of a browser
-// family by its short name ("ie", "firefox", "netscape", "netscape8", "netscape7") whether or not
-// that browser runs or is installed, so that its favorites and history can be read; empty for
-// any other name.
+// family by its short name ("ie", "firefox", "netscape", "netscape8", "netscape7", "opera",
+// "aol") whether or not that browser runs or is installed, so that its favorites and history can
+// be read; empty for any other name.
 struct WBS_API FactoryListAccess {
     static bool DefaultBrowserCommandLine(const cWebBrowserFactoryList& list, CStdStr& commandLine);
     static void DestroyInstance();

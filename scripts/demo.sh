@@ -23,7 +23,7 @@ wbs() {
   echo "  (exit ${PIPESTATUS[0]})"
   set -e
 }
-window_of() { grep -m1 -o 'main=0x[0-9a-fA-F]*' "$1" | cut -d= -f2; }
+window_of() { awk '$1=="ready" {print "0x" $3; exit}' "$1"; }
 wait_for() { for _ in $(seq 100); do [ -s "$1" ] && grep -q "$2" "$1" && return 0; sleep 0.1; done; return 1; }
 
 echo "== Wine's own Internet Explorer"
