@@ -49,10 +49,10 @@ const CommandSpec kCommands[] = {
      L"usage: wbs back [--window <hwnd>] [--json]\n"
      L"\n"
      L"Goes back in the browser in front, or in the given window, the way its driver knows: the back\n"
-     L"application command, the host's \"AppOverrides\" macro (wbs prints what the macro is asked and\n"
-     L"leaves the command to the driver), keys, or the browser's own toolbar. With no browser\n"
-     L"recognised it sends the back application command to the given window, or clicks the mouse's\n"
-     L"back button when no window is given.\n"
+     L"application command, the host's \"AppOverrides\" macro, keys, or the browser's own toolbar.\n"
+     L"wbs's macro prints each parameter it is given as \"AppOverrides NAME=VALUE\" and leaves the\n"
+     L"command to the driver. With no browser recognised it sends the back application command to\n"
+     L"the given window, or clicks the mouse's back button when no window is given.\n"
      WBS_DELIVERY_OUTPUT
      L"--json prints one object instead:\n"
      L"  {\"command\": \"back\", \"driver\": \"cIEWebBrowser\", \"source\": \"front\", \"appOverrides\": null,\n"
@@ -102,8 +102,8 @@ const CommandSpec kCommands[] = {
     {L"go", WindowUse::None, false, true, true,
      L"usage: wbs go [--json] <url>\n"
      L"\n"
-     L"Goes to the web address in the browser in front, or starts the default browser on it when\n"
-     L"none is in front.\n"
+     L"Goes to the web address in the browser in front, or in the default browser when none is in\n"
+     L"front (starting it if need be).\n"
      WBS_DELIVERY_OUTPUT
      L"--json prints one object instead:\n"
      L"  {\"command\": \"go\", \"url\": \"http://example.com/\", \"driver\": \"cIEWebBrowser\",\n"

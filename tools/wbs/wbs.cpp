@@ -22,7 +22,7 @@ std::wstring Misfit(const wbs::CommandSpec& spec, const wbs::Arguments& args) {
     if (args.tree && !(spec.lists && name == L"list-favorites")) return name + L" does not take --tree";
     if (args.json && !spec.printsJson) return name + L" does not take --json";
     if (spec.takesUrl && args.operands.size() != 1) return name + L" takes exactly one URL";
-    if (!spec.takesUrl && !args.operands.empty() && name != L"help") return L"unexpected argument " + args.operands[0];
+    if (!spec.takesUrl && !args.operands.empty()) return L"unexpected argument " + args.operands[0];
     if (spec.lists) {
         if (args.browser.empty()) return name + L" needs --browser (a family, front or default)";
         if (args.json && args.tree) return L"--json and --tree do not go together";
@@ -38,16 +38,18 @@ int wmain(int argc, wchar_t** argv) {
     std::wstring error;
     if (!wbs::ReadArguments(argc, argv, args, error)) return Fail(error);
 
-    // "wbs help back" and "wbs back --help" both ask for the usage of back.
+    // "wbs help back" and "wbs back --help" both ask for the usage of back; "wbs help" alone is
+    // "wbs --help".
     std::wstring topic = args.command;
     if (topic == L"help") {
         if (args.operands.size() > 1) return Fail(L"unexpected argument " + args.operands[1]);
-        topic = args.operands.empty() ? std::wstring() : args.operands[0];
+        if (!args.operands.empty()) topic = args.operands[0];
+        else if (!args.help) topic.clear();
         args.help = true;
     }
     if (args.help) {
-        if (topic.empty() || topic == L"help") {
-            wbs::Print(topic.empty() ? wbs::kUsage : wbs::FindCommand(L"help")->usage);
+        if (topic.empty()) {
+            wbs::Print(wbs::kUsage);
             return wbs::Delivered;
         }
         const wbs::CommandSpec* spec = wbs::FindCommand(topic.c_str());
