@@ -241,7 +241,7 @@ private:
 
     // Runs a program with its output piped back: "<exit code>|<output>", line ends as "\n"; with
     // errorsOnly, its standard output goes nowhere.
-    static std::wstring RunProgram(std::wstring commandLine, bool errorsOnly) {
+    static std::wstring RunProgram(std::wstring commandLine, bool errorsOnly = false) {
         SECURITY_ATTRIBUTES inherit = {sizeof inherit, nullptr, TRUE};
         HANDLE reader = nullptr, writer = nullptr;
         ::CreatePipe(&reader, &writer, &inherit, 0);
