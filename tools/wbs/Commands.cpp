@@ -62,23 +62,23 @@ const wchar_t* Nobody(const Arguments& args) {
     return args.window ? L"no browser recognised in the given window" : L"no browser recognised in front";
 }
 
-// The driver that will serve a command, found before the command runs as the command finds it,
-// and where it came from: "front", "window" or "default".
+// The driver that will serve a command, found as the command will find it, and where it came
+// from: "front", "window" or "default". Only its name is kept: the command makes its own.
 struct Server {
-    counted_ptr<iWebBrowser> browser;
-    const wchar_t* source = nullptr;
+    std::wstring driver;  // empty for none
+    const wchar_t* source = L"";
 };
 
 Server FindServer(const wchar_t* commandName, HWND window, bool withDefault) {
     Server server;
     cWebBrowserFactoryList* list = cWebBrowserFactoryList::Instance();
     if (list == nullptr) return server;
-    server.browser = list->GetForegroundWebBrowser(CStdStr(commandName), window);
-    if (server.browser) {
+    server.driver = DriverName(list->GetForegroundWebBrowser(CStdStr(commandName), window));
+    if (!server.driver.empty()) {
         server.source = window ? L"window" : L"front";
     } else if (withDefault) {
-        server.browser = list->GetDefaultWebBrowser();
-        if (server.browser) server.source = L"default";
+        server.driver = DriverName(list->GetDefaultWebBrowser());
+        if (!server.driver.empty()) server.source = L"default";
     }
     return server;
 }
@@ -161,7 +161,7 @@ int Deliver(const Arguments& args) {
     // Found before the command runs, so that the report names what served it.
     const Server server =
         delivery->commandName ? FindServer(delivery->commandName, args.window, delivery->withDefault) : Server();
-    const std::wstring driver = DriverName(server.browser);
+    const std::wstring& driver = server.driver;
     ConsoleEventMgr eventMgr;
     const bool delivered = Run(args.command, args, &eventMgr);
     const bool takesMacro = args.command == L"back" || args.command == L"forward";
@@ -171,7 +171,7 @@ int Deliver(const Arguments& args) {
         if (!args.operands.empty()) out += L", \"url\": " + JsonString(args.operands[0]);
         if (delivery->commandName) {
             out += L", \"driver\": " + JsonStringOrNull(driver);
-            out += L", \"source\": " + JsonStringOrNull(server.source ? server.source : L"");
+            out += L", \"source\": " + JsonStringOrNull(server.source);
         }
         if (takesMacro) {
             std::wstring overrides;
@@ -195,10 +195,12 @@ int Deliver(const Arguments& args) {
     }
     if (!delivered) {
         std::wstring why = args.command + L" was not delivered";
-        if (!delivery->commandName) why += L": neither the shell nor the registered HTML command opened it";
-        else if (driver.empty()) why += delivery->withDefault ? L": no browser recognised in front or as the default"
-                                                              : std::wstring(L": ") + Nobody(args);
-        else why += L" by " + driver;
+        if (!delivery->commandName)
+            why += L": neither the shell nor the registered HTML command opened it";
+        else if (driver.empty())
+            why += std::wstring(L": ") + Nobody(args) + (delivery->withDefault ? L" or as the default" : L"");
+        else
+            why += L" by " + driver;
         PrintError(why);
     }
     return delivered ? Delivered : NotDelivered;
