@@ -239,8 +239,9 @@ private:
 
     static std::wstring Bool(bool value) { return value ? L"true" : L"false"; }
 
-    // Runs a program with its output piped back: "<exit code>|<output>", line ends as "\n".
-    static std::wstring RunProgram(std::wstring commandLine) {
+    // Runs a program with its output piped back: "<exit code>|<output>", line ends as "\n"; with
+    // errorsOnly, its standard output goes nowhere.
+    static std::wstring RunProgram(std::wstring commandLine, bool errorsOnly = false) {
         SECURITY_ATTRIBUTES inherit = {sizeof inherit, nullptr, TRUE};
         HANDLE reader = nullptr, writer = nullptr;
         ::CreatePipe(&reader, &writer, &inherit, 0);
@@ -248,7 +249,8 @@ private:
         STARTUPINFOW startup = {};
         startup.cb = sizeof startup;
         startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdOutput = startup.hStdError = writer;
+        startup.hStdOutput = errorsOnly ? nullptr : writer;
+        startup.hStdError = writer;
         PROCESS_INFORMATION process = {};
         const bool started = ::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
                                               nullptr, nullptr, &startup, &process) != FALSE;
@@ -267,6 +269,13 @@ private:
         }
         output.erase(std::remove(output.begin(), output.end(), '\r'), output.end());
         return std::to_wstring(code) + L"|" + FromUtf8(output);
+    }
+
+    // wbs.exe with the row's arguments; "wbs-stderr" leaves its standard output out.
+    static std::wstring RunWbs(Runner& r, const std::vector<std::wstring>& t) {
+        std::wstring commandLine = L"\"" + ExecutableFolder() + L"\\wbs.exe\"";
+        for (size_t i = 1; i < t.size(); ++i) commandLine += L" \"" + r.Expand(t[i]) + L"\"";
+        return RunProgram(commandLine, t[0] == L"wbs-stderr");
     }
 
     std::wstring Made(const counted_ptr<iWebBrowser>& owned) const {
@@ -521,11 +530,8 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
                  return std::count(commands.begin(), commands.end(), L"4242") > 0;
              }, 5000));
          }},
-        {L"wbs", [](Runner& r, T t) {
-             std::wstring commandLine = L"\"" + ExecutableFolder() + L"\\wbs.exe\"";
-             for (size_t i = 1; i < t.size(); ++i) commandLine += L" \"" + r.Expand(t[i]) + L"\"";
-             return RunProgram(commandLine);
-         }},
+        {L"wbs", RunWbs},
+        {L"wbs-stderr", RunWbs},
         // Observations.
         {L"factories", [](Runner&, T) {
              std::wstring names;
