@@ -39,7 +39,7 @@ static DWORD WINAPI Deadline(void* unused) {
 }
 
 int main(void) {
-    WNDCLASSW frameClass = {0};
+    WNDCLASSW frameClass = {0, FrameProc, 0, 0, NULL, NULL, NULL, NULL, NULL, L"IEFrame"};
     wchar_t name[32], title[4], folder[MAX_PATH], file[MAX_PATH];
     int wanted = 100, urlLength = -1, titleLength = -1;
     HWND frame, plain;
@@ -47,8 +47,6 @@ int main(void) {
     CloseHandle(CreateThread(NULL, 0, Deadline, NULL, 0, NULL));
     Check(wbs_version() == WBS_EXPECTED_VERSION, "wbs_version is the project version");
 
-    frameClass.lpfnWndProc = FrameProc;
-    frameClass.lpszClassName = L"IEFrame";
     RegisterClassW(&frameClass);
     frame = CreateWindowW(L"IEFrame", L"C frame", WS_OVERLAPPED, 0, 0, 200, 100, NULL, NULL, NULL, NULL);
     Check(wbs_browser_back(frame) && wbs_browser_refresh(frame) && wbs_browser_forward(frame), "commands delivered");
@@ -70,8 +68,8 @@ int main(void) {
     RegSetValueExW(typed, L"url3", 0, REG_SZ, (const BYTE*)L"http://c.invalid/", 36);
     RegCloseKey(typed);
     wanted = 2;
-    Check(wbs_family_history(L"ie", Collect, &wanted) && wanted == 0, "history read, stopped after two");
-    Check(wcscmp(seen, L"0:url1|http://a.invalid/;0:url2|http://b.invalid/;") == 0, "typed addresses");
+    Check(wbs_family_history(L"ie", Collect, &wanted) && wanted == 0
+          && wcscmp(seen, L"0:url1|http://a.invalid/;0:url2|http://b.invalid/;") == 0, "two addresses, then stop");
     RegDeleteTreeW(HKEY_CURRENT_USER, kTyped);
 
     SHGetFolderPathW(NULL, CSIDL_FAVORITES | CSIDL_FLAG_CREATE, NULL, 0, folder);
@@ -81,8 +79,8 @@ int main(void) {
     WritePrivateProfileStringW(L"InternetShortcut", L"URL", L"http://site.invalid/", file);
     seen[0] = 0;
     wanted = 100;
-    Check(wbs_family_favorites(L"ie", Collect, &wanted) != 0, "favorites read");
-    Check(wcsstr(seen, L"1:wbs-c|;0:Site<http://site.invalid/>|;2:wbs-c|;") != NULL, "a folder and its favorite");
+    Check(wbs_family_favorites(L"ie", Collect, &wanted)
+          && wcsstr(seen, L"1:wbs-c|;0:Site<http://site.invalid/>|;2:wbs-c|;") != NULL, "a folder and its favorite");
     DeleteFileW(file);
     RemoveDirectoryW(folder);
     if (failures == 0) printf("the C interface works from C\n");
