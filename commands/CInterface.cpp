@@ -3,7 +3,8 @@
 #include "webbrowsersupport_c.h"
 #include <windows.h>
 #include <climits>
-#include <cstring>
+#include <cstddef>
+#include <cwchar>
 #include <typeinfo>
 #include "WebBrowserSupport.h"
 #include "cWebBrowserFactoryList.h"
