@@ -3,7 +3,8 @@
 // needs, the command, and what must be observed afterwards. A row that ends in "-> expected" has
 // what it gives compared with the expected text as written; after "=>" the text takes the escapes
 // \t \r \n \\ \uXXXX. {ID} stands for fixture ID's program path, {ID.dir} for its folder and
-// {ID.hwnd} for its main window; {exe} and {windir} for the tests' and the Windows folder. Tokens are
+// {ID.hwnd} for its main window; {exe} and {windir} for the tests' and the Windows folder; {long}
+// for an address of 2,100 characters that no program is registered to open. Tokens are
 // separated by blanks; a "quoted token" may hold blanks, \" and \\. The verbs are the keys of
 // Runner::Steps below.
 #include <gtest/gtest.h>
@@ -207,7 +208,8 @@ private:
     std::wstring Expand(std::wstring text) const {
         wchar_t windows[MAX_PATH] = {};
         ::GetWindowsDirectoryW(windows, MAX_PATH);
-        std::vector<std::pair<std::wstring, std::wstring>> names = {{L"{exe}", ExecutableFolder()}, {L"{windir}", windows}};
+        std::vector<std::pair<std::wstring, std::wstring>> names = {
+            {L"{exe}", ExecutableFolder()}, {L"{windir}", windows}, {L"{long}", L"wbsnowhere://long.invalid/" + std::wstring(2074, L'a')}};
         for (const auto& [id, fixture] : fixtures_) {
             wchar_t handle[32] = {};
             swprintf(handle, 32, L"0x%llx", static_cast<unsigned long long>(reinterpret_cast<UINT_PTR>(fixture->MainWindow())));
@@ -289,6 +291,24 @@ private:
 
     IEventMgr* Events() { return eventsOn_ ? &events_ : nullptr; }
 
+    std::vector<std::wstring> Options(const std::vector<std::wstring>& t) const {
+        std::vector<std::wstring> options;
+        for (size_t i = 3; i < t.size(); ++i) options.push_back(Expand(t[i]));
+        return options;
+    }
+
+    // One read of a family's favorites or typed addresses, an entry's text and extra text apart;
+    // "(false)" when the read reports failure.
+    std::vector<std::wstring> Read(const std::wstring& family, const std::wstring& store) {
+        FavoritesList favorites;
+        HistoryList history;
+        const bool found = store == L"favorites" ? Driver(family)->GetFavorites(favorites) : Driver(family)->GetHistory(history);
+        std::vector<std::wstring> texts;
+        for (const auto& entry : favorites) texts.push_back(entry.Text);
+        for (const auto& entry : history) texts.push_back(entry.Text + (entry.Extra.empty() ? L"" : L"\t" + entry.Extra));
+        return found ? texts : std::vector<std::wstring>{L"(false)"};
+    }
+
     std::wstring Keys() {
         std::vector<Input> events;
         if (!TakeInput(events)) return L"(the marker key never arrived)";
@@ -354,13 +374,13 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
     static const std::map<std::wstring, Step> steps = {
         // Set-up.
         {L"fixture", [](Runner& r, T t) {
-             auto fixture = std::make_unique<Fixture>(t[2], std::vector<std::wstring>(t.begin() + 3, t.end()));
+             auto fixture = std::make_unique<Fixture>(t[2], r.Options(t));
              EXPECT_TRUE(fixture->Start()) << "the fixture did not become ready";
              r.fixtures_[t[1]] = std::move(fixture);
              return std::wstring();
          }},
         {L"install", [](Runner& r, T t) {
-             r.fixtures_[t[1]] = std::make_unique<Fixture>(t[2], std::vector<std::wstring>(t.begin() + 3, t.end()));
+             r.fixtures_[t[1]] = std::make_unique<Fixture>(t[2], r.Options(t));
              return std::wstring();
          }},
         {L"reg", [](Runner& r, T t) {
@@ -381,8 +401,11 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              return found ? std::wstring(data) : std::wstring(L"(none)");
          }},
         {L"file", [](Runner& r, T t) {
+             // "file PATH TEXT": the text; "file PATH HEAD N FILL TAIL": FILL N times between HEAD and TAIL.
              const std::wstring path = r.Expand(t[1]);
-             EXPECT_TRUE(WriteBytes(path, ToUtf8(Unescape(t[2]))));
+             std::string bytes = ToUtf8(Unescape(t[2]));
+             for (size_t n = t.size() > 5 ? std::stoul(t[3]) : 0; n > 0; --n) bytes += ToUtf8(Unescape(t[4]));
+             EXPECT_TRUE(WriteBytes(path, t.size() > 5 ? bytes + ToUtf8(Unescape(t[5])) : bytes));
              r.files_.push_back(path);
              return std::wstring();
          }},
@@ -509,6 +532,24 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              if (op == L"OpenURL") return Bool(utility.OpenURL(nullptr, a));
              answered = utility.DdeRequest(CStdStr(op), a);
              return Bool(answered) + L"|" + a;
+         }},
+        {L"listing", [](Runner& r, T t) {
+             // "listing FAMILY favorites|history": the entries, those over 80 characters shortened.
+             std::wstring text;
+             for (std::wstring entry : r.Read(t[1], t[2])) {
+                 if (entry.size() > 80) entry = entry.substr(0, 40) + L"...(" + std::to_wstring(entry.size()) + L")";
+                 text += (text.empty() ? L"" : L" | ") + entry;
+             }
+             return text;
+         }},
+        {L"reads", [](Runner& r, T t) {
+             // "reads FAMILY favorites|history N ALLOWED...": the first entry of N reads that is
+             // none of the allowed ones, or nothing.
+             const std::set<std::wstring> allowed(t.begin() + 4, t.end());
+             for (int n = std::stoi(t[3]); n > 0; --n)
+                 for (const std::wstring& entry : r.Read(t[1], t[2]))
+                     if (allowed.count(entry) == 0) return entry;
+             return std::wstring();
          }},
         {L"finder", [](Runner&, T) { return CProcessFinder::Instance(true), std::wstring(); }},
         {L"rmfile", [](Runner& r, T t) { return Bool(::DeleteFileW(r.Expand(t[1]).c_str()) != FALSE); }},
