@@ -15,10 +15,11 @@ std::string ToAnsi(const std::wstring& text) {
 }  // namespace
 
 cLineFile::cLineFile(const CStdStr& path) {
+    // Opened before it is sized: a browser that replaces its store meanwhile cannot replace the
+    // open file, so the size is that of what is read and no line of it can outgrow the buffer.
+    stream_.open(ToAnsi(path), std::ios::in);
     capacity_ = static_cast<std::streamsize>(cFileInformation(path.c_str()).SizeLow());
     buffer_.reset(new (std::nothrow) char[static_cast<std::size_t>(capacity_) + 1]);
-    if (buffer_ == nullptr) return;
-    stream_.open(ToAnsi(path), std::ios::in);
 }
 
 std::unique_ptr<cLineFile> cLineFile::Open(const CStdStr& path) {
