@@ -36,6 +36,9 @@ bool cLineFile::ReadLine(std::string_view& line) {
     if (length == 0 && stream_.fail()) return false;
     if (!stream_.fail() && !stream_.eof()) --length;  // the newline was taken, not stored
     line = std::string_view(buffer_.get(), static_cast<std::string_view::size_type>(length));
+    // A line ends at its first NUL, as the C string each reader has always made of it; no entry
+    // holds a NUL that would hide its rest from the host.
+    line = line.substr(0, line.find('\0'));
     return true;
 }
 
