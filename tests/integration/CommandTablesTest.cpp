@@ -11,12 +11,14 @@
 #include <windows.h>
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <thread>
 #include <utility>
 #include <functional>
 #include <map>
 #include <memory>
 #include <set>
+#include <tuple>
 #include <typeinfo>
 #include "WebBrowserSupport.h"
 #include "browsers/KeyRefresh.h"
@@ -206,6 +208,7 @@ private:
     }
 
     std::wstring Expand(std::wstring text) const {
+        if (text.find(L'{') == std::wstring::npos) return text;
         wchar_t windows[MAX_PATH] = {};
         ::GetWindowsDirectoryW(windows, MAX_PATH);
         std::vector<std::pair<std::wstring, std::wstring>> names = {
@@ -291,23 +294,7 @@ private:
 
     IEventMgr* Events() { return eventsOn_ ? &events_ : nullptr; }
 
-    std::vector<std::wstring> Options(const std::vector<std::wstring>& t) const {
-        std::vector<std::wstring> options;
-        for (size_t i = 3; i < t.size(); ++i) options.push_back(Expand(t[i]));
-        return options;
-    }
 
-    // One read of a family's favorites or typed addresses, an entry's text and extra text apart;
-    // "(false)" when the read reports failure.
-    std::vector<std::wstring> Read(const std::wstring& family, const std::wstring& store) {
-        FavoritesList favorites;
-        HistoryList history;
-        const bool found = store == L"favorites" ? Driver(family)->GetFavorites(favorites) : Driver(family)->GetHistory(history);
-        std::vector<std::wstring> texts;
-        for (const auto& entry : favorites) texts.push_back(entry.Text);
-        for (const auto& entry : history) texts.push_back(entry.Text + (entry.Extra.empty() ? L"" : L"\t" + entry.Extra));
-        return found ? texts : std::vector<std::wstring>{L"(false)"};
-    }
 
     std::wstring Keys() {
         std::vector<Input> events;
@@ -365,6 +352,7 @@ private:
     std::thread boxWatch_;
     std::atomic<bool> boxDone_{false};
     std::wstring boxSeen_;
+    std::map<std::wstring, long long> counted_;  // the process's counts when "grown" was first asked
     bool eventsOn_ = false;
     ULONGLONG elapsed_ = 0;
 };
@@ -374,13 +362,15 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
     static const std::map<std::wstring, Step> steps = {
         // Set-up.
         {L"fixture", [](Runner& r, T t) {
-             auto fixture = std::make_unique<Fixture>(t[2], r.Options(t));
+             std::vector<std::wstring> options(t.begin() + 3, t.end());
+             for (std::wstring& option : options) option = r.Expand(option);
+             auto fixture = std::make_unique<Fixture>(t[2], options);
              EXPECT_TRUE(fixture->Start()) << "the fixture did not become ready";
              r.fixtures_[t[1]] = std::move(fixture);
              return std::wstring();
          }},
         {L"install", [](Runner& r, T t) {
-             r.fixtures_[t[1]] = std::make_unique<Fixture>(t[2], r.Options(t));
+             r.fixtures_[t[1]] = std::make_unique<Fixture>(t[2], std::vector<std::wstring>(t.begin() + 3, t.end()));
              return std::wstring();
          }},
         {L"reg", [](Runner& r, T t) {
@@ -533,23 +523,22 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              answered = utility.DdeRequest(CStdStr(op), a);
              return Bool(answered) + L"|" + a;
          }},
-        {L"listing", [](Runner& r, T t) {
-             // "listing FAMILY favorites|history": the entries, those over 80 characters shortened.
+        {L"reads", [](Runner& r, T t) {
+             // "reads FAMILY favorites|history N ALLOWED...": the entries of N reads that are none of
+             // the allowed ones, those over 80 characters shortened to their start and length.
+             const std::set<std::wstring> allowed(t.begin() + 4, t.end());
              std::wstring text;
-             for (std::wstring entry : r.Read(t[1], t[2])) {
-                 if (entry.size() > 80) entry = entry.substr(0, 40) + L"...(" + std::to_wstring(entry.size()) + L")";
-                 text += (text.empty() ? L"" : L" | ") + entry;
+             for (int n = std::stoi(t[3]); n > 0; --n) {
+                 FavoritesList favorites;
+                 HistoryList history;
+                 (void)(t[2] == L"favorites" ? r.Driver(t[1])->GetFavorites(favorites) : r.Driver(t[1])->GetHistory(history));
+                 for (const auto& entry : favorites) history.Append(HistoryEntry{entry.Text, entry.Extra});
+                 for (const HistoryEntry& entry : history)
+                     if (allowed.count(entry.Text) == 0)
+                         text += (text.empty() ? L"" : L" | ") + (entry.Text.size() <= 80 ? std::wstring(entry.Text)
+                                 : entry.Text.substr(0, 20) + L"...(" + std::to_wstring(entry.Text.size()) + L")");
              }
              return text;
-         }},
-        {L"reads", [](Runner& r, T t) {
-             // "reads FAMILY favorites|history N ALLOWED...": the first entry of N reads that is
-             // none of the allowed ones, or nothing.
-             const std::set<std::wstring> allowed(t.begin() + 4, t.end());
-             for (int n = std::stoi(t[3]); n > 0; --n)
-                 for (const std::wstring& entry : r.Read(t[1], t[2]))
-                     if (allowed.count(entry) == 0) return entry;
-             return std::wstring();
          }},
         {L"finder", [](Runner&, T) { return CProcessFinder::Instance(true), std::wstring(); }},
         {L"rmfile", [](Runner& r, T t) { return Bool(::DeleteFileW(r.Expand(t[1]).c_str()) != FALSE); }},
@@ -637,6 +626,54 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              return text;
          }},
         {L"elapsed", [](Runner& r, T) { return std::to_wstring(r.elapsed_); }},
+        {L"mix", [](Runner& r, T t) {
+             // "mix N ID=ADDRESS...": N rounds of the exported commands with each fixture in front in
+             // turn, the address what GoToWebAddress is given then; the number of commands run. Two
+             // passes a turn, as bringing a window forward costs Wine a dozen commands; side-button
+             // clicks (10 ms each) every other round, GotoURL (which asks the shell first) every
+             // fourth, Chrome's keys (SendInput, 40 ms an event) every tenth.
+             int total = 0;
+             std::vector<std::tuple<std::wstring, std::wstring, HWND>> turns;  // id, address, window
+             for (size_t i = 2; i < t.size(); ++i) {
+                 const std::wstring id = t[i].substr(0, t[i].find(L'='));
+                 turns.emplace_back(id, t[i].substr(id.size() + 1), r.Window(id));
+             }
+             for (int round = 0; round < std::stoi(t[1]); ++round)
+                 for (const auto& [id, address, window] : turns) {
+                     const bool keys = r.fixtures_.at(id)->Program().find(L"chrome.exe") != std::wstring::npos;
+                     ::SetForegroundWindow(window);
+                     WaitFor([&] { return ::GetForegroundWindow() == window; }, 2000);
+                     Watchdog watchdog("the commands with " + ToUtf8(id) + " in front", 20000);
+                     for (int pass = 0; pass < 2; ++pass, total += 6) {
+                         BrowserBack(nullptr, window), BrowserForward(nullptr, window), BrowserRefresh(window);
+                         BrowserRefresh(nullptr), BrowserSearch(), GoToWebAddress(CStdStr(address), false, nullptr);
+                         if (!keys || round % 10 == 0)
+                             GoToBrowserHome(window), GoToBrowserHome(nullptr), BrowserShowFavorites(), total += 3;
+                         if (round % 2 == 0) BrowserBack(nullptr, nullptr), BrowserForward(nullptr, nullptr), total += 2;
+                         if (round % 4 == 0) GotoURL(CStdStr(L"wbsnowhere:stress"), SW_SHOWNORMAL), ++total;
+                     }
+                 }
+             return std::to_wstring(total);
+         }},
+        {L"grown", [](Runner& r, T t) {
+             // "grown handles|user|gdi|private": how much the process's count grew since this case
+             // first asked, which it takes as the base.
+             std::map<std::wstring, long long> now;
+             DWORD flags = 0;
+             // Wine counts no handles for GetProcessHandleCount (nor USER or GDI objects for
+             // GetGuiResources), so each handle value, a multiple of four, is asked for.
+             for (UINT_PTR value = 4; value < 0x10000; value += 4)
+                 now[L"handles"] += ::GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) ? 1 : 0;
+             now[L"user"] = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
+             now[L"gdi"] = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+             MEMORY_BASIC_INFORMATION region = {};
+             for (const BYTE* at = nullptr; ::VirtualQuery(at, &region, sizeof region) == sizeof region;
+                  at = static_cast<const BYTE*>(region.BaseAddress) + region.RegionSize)
+                 if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE) now[L"private"] += region.RegionSize;
+             if (r.counted_.empty()) r.counted_ = now;
+             std::printf("%ls: %lld, then %lld\n", t[1].c_str(), r.counted_.at(t[1]), now.at(t[1]));
+             return std::to_wstring(now.at(t[1]) - r.counted_.at(t[1]));
+         }},
         {L"waitready", [](Runner& r, T t) {
              const Fixture& fixture = *r.fixtures_.at(t[1]);
              const size_t count = std::stoul(t[2]);
