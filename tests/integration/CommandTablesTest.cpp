@@ -294,8 +294,6 @@ private:
 
     IEventMgr* Events() { return eventsOn_ ? &events_ : nullptr; }
 
-
-
     std::wstring Keys() {
         std::vector<Input> events;
         if (!TakeInput(events)) return L"(the marker key never arrived)";
