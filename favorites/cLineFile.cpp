@@ -15,10 +15,11 @@ std::string ToAnsi(const std::wstring& text) {
 }  // namespace
 
 cLineFile::cLineFile(const CStdStr& path) {
+    // Opened before it is sized: a browser that replaces its store meanwhile cannot replace the
+    // open file, so the size is that of what is read and no line of it can outgrow the buffer.
+    stream_.open(ToAnsi(path), std::ios::in);
     capacity_ = static_cast<std::streamsize>(cFileInformation(path.c_str()).SizeLow());
     buffer_.reset(new (std::nothrow) char[static_cast<std::size_t>(capacity_) + 1]);
-    if (buffer_ == nullptr) return;
-    stream_.open(ToAnsi(path), std::ios::in);
 }
 
 std::unique_ptr<cLineFile> cLineFile::Open(const CStdStr& path) {
@@ -35,6 +36,9 @@ bool cLineFile::ReadLine(std::string_view& line) {
     if (length == 0 && stream_.fail()) return false;
     if (!stream_.fail() && !stream_.eof()) --length;  // the newline was taken, not stored
     line = std::string_view(buffer_.get(), static_cast<std::string_view::size_type>(length));
+    // A line ends at its first NUL, as the C string each reader has always made of it; no entry
+    // holds a NUL that would hide its rest from the host.
+    line = line.substr(0, line.find('\0'));
     return true;
 }
 

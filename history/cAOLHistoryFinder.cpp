@@ -2,6 +2,7 @@
 #include <istream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include "favorites/cLineFile.h"
 #include "history/AOLOrganizeFile.h"
 
@@ -37,6 +38,8 @@ void cAOLHistoryFinder::ReadHistoryFile(HistoryList& list) {
     // after a last separator.
     do {
         std::getline(stream, record, separator);
-        AddEntry(list, HistoryEntry{CStdStr(WidenBytes(record)), CStdStr()});
+        // A record ends at its first NUL, as a line does.
+        const std::string_view text = std::string_view(record).substr(0, record.find('\0'));
+        AddEntry(list, HistoryEntry{CStdStr(WidenBytes(text)), CStdStr()});
     } while (stream.good());
 }

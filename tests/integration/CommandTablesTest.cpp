@@ -3,19 +3,22 @@
 // needs, the command, and what must be observed afterwards. A row that ends in "-> expected" has
 // what it gives compared with the expected text as written; after "=>" the text takes the escapes
 // \t \r \n \\ \uXXXX. {ID} stands for fixture ID's program path, {ID.dir} for its folder and
-// {ID.hwnd} for its main window; {exe} and {windir} for the tests' and the Windows folder. Tokens are
+// {ID.hwnd} for its main window; {exe} and {windir} for the tests' and the Windows folder; {long}
+// for an address of 2,100 characters that no program is registered to open. Tokens are
 // separated by blanks; a "quoted token" may hold blanks, \" and \\. The verbs are the keys of
 // Runner::Steps below.
 #include <gtest/gtest.h>
 #include <windows.h>
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <thread>
 #include <utility>
 #include <functional>
 #include <map>
 #include <memory>
 #include <set>
+#include <tuple>
 #include <typeinfo>
 #include "WebBrowserSupport.h"
 #include "browsers/KeyRefresh.h"
@@ -205,9 +208,11 @@ private:
     }
 
     std::wstring Expand(std::wstring text) const {
+        if (text.find(L'{') == std::wstring::npos) return text;
         wchar_t windows[MAX_PATH] = {};
         ::GetWindowsDirectoryW(windows, MAX_PATH);
-        std::vector<std::pair<std::wstring, std::wstring>> names = {{L"{exe}", ExecutableFolder()}, {L"{windir}", windows}};
+        std::vector<std::pair<std::wstring, std::wstring>> names = {
+            {L"{exe}", ExecutableFolder()}, {L"{windir}", windows}, {L"{long}", L"wbsnowhere://long.invalid/" + std::wstring(2074, L'a')}};
         for (const auto& [id, fixture] : fixtures_) {
             wchar_t handle[32] = {};
             swprintf(handle, 32, L"0x%llx", static_cast<unsigned long long>(reinterpret_cast<UINT_PTR>(fixture->MainWindow())));
@@ -354,6 +359,7 @@ private:
     std::thread boxWatch_;
     std::atomic<bool> boxDone_{false};
     std::wstring boxSeen_;
+    std::map<std::wstring, long long> counted_;  // the process's counts when "grown" was first asked
     bool eventsOn_ = false;
     ULONGLONG elapsed_ = 0;
 };
@@ -363,7 +369,9 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
     static const std::map<std::wstring, Step> steps = {
         // Set-up.
         {L"fixture", [](Runner& r, T t) {
-             auto fixture = std::make_unique<Fixture>(t[2], std::vector<std::wstring>(t.begin() + 3, t.end()));
+             std::vector<std::wstring> options(t.begin() + 3, t.end());
+             for (std::wstring& option : options) option = r.Expand(option);
+             auto fixture = std::make_unique<Fixture>(t[2], options);
              EXPECT_TRUE(fixture->Start()) << "the fixture did not become ready";
              r.fixtures_[t[1]] = std::move(fixture);
              return std::wstring();
@@ -390,8 +398,11 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              return found ? std::wstring(data) : std::wstring(L"(none)");
          }},
         {L"file", [](Runner& r, T t) {
+             // "file PATH TEXT": the text; "file PATH HEAD N FILL TAIL": FILL N times between HEAD and TAIL.
              const std::wstring path = r.Expand(t[1]);
-             EXPECT_TRUE(WriteBytes(path, ToUtf8(Unescape(t[2]))));
+             std::string bytes = ToUtf8(Unescape(t[2]));
+             for (size_t n = t.size() > 5 ? std::stoul(t[3]) : 0; n > 0; --n) bytes += ToUtf8(Unescape(t[4]));
+             EXPECT_TRUE(WriteBytes(path, t.size() > 5 ? bytes + ToUtf8(Unescape(t[5])) : bytes));
              r.files_.push_back(path);
              return std::wstring();
          }},
@@ -519,6 +530,23 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              answered = utility.DdeRequest(CStdStr(op), a);
              return Bool(answered) + L"|" + a;
          }},
+        {L"reads", [](Runner& r, T t) {
+             // "reads FAMILY favorites|history N ALLOWED...": the entries of N reads that are none of
+             // the allowed ones, those over 80 characters shortened to their start and length.
+             const std::set<std::wstring> allowed(t.begin() + 4, t.end());
+             std::wstring text;
+             for (int n = std::stoi(t[3]); n > 0; --n) {
+                 FavoritesList favorites;
+                 HistoryList history;
+                 (void)(t[2] == L"favorites" ? r.Driver(t[1])->GetFavorites(favorites) : r.Driver(t[1])->GetHistory(history));
+                 for (const auto& entry : favorites) history.Append(HistoryEntry{entry.Text, entry.Extra});
+                 for (const HistoryEntry& entry : history)
+                     if (allowed.count(entry.Text) == 0)
+                         text += (text.empty() ? L"" : L" | ") + (entry.Text.size() <= 80 ? std::wstring(entry.Text)
+                                 : entry.Text.substr(0, 20) + L"...(" + std::to_wstring(entry.Text.size()) + L")");
+             }
+             return text;
+         }},
         {L"finder", [](Runner&, T) { return CProcessFinder::Instance(true), std::wstring(); }},
         {L"rmfile", [](Runner& r, T t) { return Bool(::DeleteFileW(r.Expand(t[1]).c_str()) != FALSE); }},
         {L"post", [](Runner& r, T t) {
@@ -602,6 +630,54 @@ const std::map<std::wstring, Runner::Step>& Runner::Steps() {
              return text;
          }},
         {L"elapsed", [](Runner& r, T) { return std::to_wstring(r.elapsed_); }},
+        {L"mix", [](Runner& r, T t) {
+             // "mix N ID=ADDRESS...": N rounds of the exported commands with each fixture in front in
+             // turn, the address what GoToWebAddress is given then; the number of commands run. Two
+             // passes a turn, as bringing a window forward costs Wine a dozen commands; side-button
+             // clicks (10 ms each) every other round, GotoURL (which asks the shell first) every
+             // fourth, Chrome's keys (SendInput, 40 ms an event) every tenth.
+             int total = 0;
+             std::vector<std::tuple<std::wstring, std::wstring, HWND>> turns;  // id, address, window
+             for (size_t i = 2; i < t.size(); ++i) {
+                 const std::wstring id = t[i].substr(0, t[i].find(L'='));
+                 turns.emplace_back(id, t[i].substr(id.size() + 1), r.Window(id));
+             }
+             for (int round = 0; round < std::stoi(t[1]); ++round)
+                 for (const auto& [id, address, window] : turns) {
+                     const bool keys = r.fixtures_.at(id)->Program().find(L"chrome.exe") != std::wstring::npos;
+                     ::SetForegroundWindow(window);
+                     WaitFor([&] { return ::GetForegroundWindow() == window; }, 2000);
+                     Watchdog watchdog("the commands with " + ToUtf8(id) + " in front", 20000);
+                     for (int pass = 0; pass < 2; ++pass, total += 6) {
+                         BrowserBack(nullptr, window), BrowserForward(nullptr, window), BrowserRefresh(window);
+                         BrowserRefresh(nullptr), BrowserSearch(), GoToWebAddress(CStdStr(address), false, nullptr);
+                         if (!keys || round % 10 == 0)
+                             GoToBrowserHome(window), GoToBrowserHome(nullptr), BrowserShowFavorites(), total += 3;
+                         if (round % 2 == 0) BrowserBack(nullptr, nullptr), BrowserForward(nullptr, nullptr), total += 2;
+                         if (round % 4 == 0) GotoURL(CStdStr(L"wbsnowhere:stress"), SW_SHOWNORMAL), ++total;
+                     }
+                 }
+             return std::to_wstring(total);
+         }},
+        {L"grown", [](Runner& r, T t) {
+             // "grown handles|user|gdi|private": how much the process's count grew since this case
+             // first asked, which it takes as the base.
+             std::map<std::wstring, long long> now;
+             DWORD flags = 0;
+             // Wine counts no handles for GetProcessHandleCount (nor USER or GDI objects for
+             // GetGuiResources), so each handle value, a multiple of four, is asked for.
+             for (UINT_PTR value = 4; value < 0x10000; value += 4)
+                 now[L"handles"] += ::GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) ? 1 : 0;
+             now[L"user"] = ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS);
+             now[L"gdi"] = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS);
+             MEMORY_BASIC_INFORMATION region = {};
+             for (const BYTE* at = nullptr; ::VirtualQuery(at, &region, sizeof region) == sizeof region;
+                  at = static_cast<const BYTE*>(region.BaseAddress) + region.RegionSize)
+                 if (region.State == MEM_COMMIT && region.Type == MEM_PRIVATE) now[L"private"] += region.RegionSize;
+             if (r.counted_.empty()) r.counted_ = now;
+             std::printf("%ls: %lld, then %lld\n", t[1].c_str(), r.counted_.at(t[1]), now.at(t[1]));
+             return std::to_wstring(now.at(t[1]) - r.counted_.at(t[1]));
+         }},
         {L"waitready", [](Runner& r, T t) {
              const Fixture& fixture = *r.fixtures_.at(t[1]);
              const size_t count = std::stoul(t[2]);
