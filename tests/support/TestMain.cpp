@@ -31,6 +31,7 @@ LONG WINAPI Crashed(EXCEPTION_POINTERS* exception) {
 
 int main(int argc, char** argv) {
     ::SetUnhandledExceptionFilter(Crashed);
+    wbstest::RegistryScope::RestoreLeftovers();
     ::testing::InitGoogleTest(&argc, argv);
     ::testing::UnitTest::GetInstance()->listeners().Append(new KeyStateCheck);
     return RUN_ALL_TESTS();

@@ -154,13 +154,40 @@ HKEY RegistryScope::Root(const std::wstring& key, std::wstring& subKey) {
 }
 
 namespace {
-const wchar_t kBackups[] = L"Software\\WebBrowserSupportTestBackups\\";
+const wchar_t kBackups[] = L"Software\\WebBrowserSupportTestBackups";
+
+// Backup N of the scope's keys: the value "Key" names the key it stands for, its subkey "Tree"
+// holds the key's copy when the key existed. A backup that is still there when a test program
+// starts was left by one that died; it is put back then.
+std::wstring Backup(size_t index) { return std::wstring(kBackups) + L"\\" + std::to_wstring(index); }
+
+void Restore(const std::wstring& backup) {
+    wchar_t key[1024] = {};
+    DWORD size = sizeof key;
+    if (::RegGetValueW(HKEY_CURRENT_USER, backup.c_str(), L"Key", RRF_RT_REG_SZ, nullptr, key, &size) != ERROR_SUCCESS)
+        return;
+    std::wstring subKey;
+    const HKEY root = RegistryScope::Root(key, subKey);
+    ::RegDeleteTreeW(root, subKey.c_str());
+    ::RegDeleteKeyW(root, subKey.c_str());
+    HKEY from = nullptr, to = nullptr;
+    if (::RegOpenKeyExW(HKEY_CURRENT_USER, (backup + L"\\Tree").c_str(), 0, KEY_READ, &from) == ERROR_SUCCESS &&
+        ::RegCreateKeyExW(root, subKey.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &to, nullptr) == ERROR_SUCCESS)
+        ::RegCopyTreeW(from, nullptr, to);
+    if (from) ::RegCloseKey(from);
+    if (to) ::RegCloseKey(to);
+    ::RegDeleteTreeW(HKEY_CURRENT_USER, backup.c_str());
+}
+}  // namespace
+
+void RegistryScope::RestoreLeftovers() {
+    for (size_t i = 256; i-- > 0;) Restore(Backup(i));
 }
 
 // Keys a test changes are copied aside first, once each, and copied back afterwards.
 void RegistryScope::Save(const std::wstring& key) {
     for (const auto& saved : saved_)
-        if (saved.first == key) return;
+        if (saved == key) return;
     std::wstring subKey;
     const HKEY root = Root(key, subKey);
     HKEY handle = nullptr;
@@ -174,38 +201,27 @@ void RegistryScope::Save(const std::wstring& key) {
             break;
         }
         Save(key.substr(0, key.size() - subKey.size()) + parent);
-        saved_.emplace_back(key, false);
+        ::RegDeleteTreeW(HKEY_CURRENT_USER, Backup(saved_.size()).c_str());  // goes with its parent
+        saved_.push_back(key);
         return;
     }
+    const std::wstring backup = Backup(saved_.size());
+    ::RegDeleteTreeW(HKEY_CURRENT_USER, backup.c_str());
+    ::RegSetKeyValueW(HKEY_CURRENT_USER, backup.c_str(), L"Key", REG_SZ, key.c_str(),
+                      static_cast<DWORD>((key.size() + 1) * sizeof(wchar_t)));
     if (existed) {
-        const std::wstring backup = kBackups + std::to_wstring(saved_.size());
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, backup.c_str());
         HKEY copy = nullptr;
-        ::RegCreateKeyExW(HKEY_CURRENT_USER, backup.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &copy, nullptr);
+        ::RegCreateKeyExW(HKEY_CURRENT_USER, (backup + L"\\Tree").c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                          &copy, nullptr);
         ::RegCopyTreeW(handle, nullptr, copy);
         ::RegCloseKey(copy);
         ::RegCloseKey(handle);
     }
-    saved_.emplace_back(key, existed);
+    saved_.push_back(key);
 }
 
 RegistryScope::~RegistryScope() {
-    for (size_t i = saved_.size(); i-- > 0;) {
-        std::wstring subKey;
-        const HKEY root = Root(saved_[i].first, subKey);
-        ::RegDeleteTreeW(root, subKey.c_str());
-        ::RegDeleteKeyW(root, subKey.c_str());
-        if (!saved_[i].second) continue;
-        const std::wstring backup = kBackups + std::to_wstring(i);
-        HKEY from = nullptr, to = nullptr;
-        ::RegOpenKeyExW(HKEY_CURRENT_USER, backup.c_str(), 0, KEY_READ, &from);
-        ::RegCreateKeyExW(root, subKey.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &to, nullptr);
-        ::RegCopyTreeW(from, nullptr, to);
-        ::RegCloseKey(from);
-        ::RegCloseKey(to);
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, backup.c_str());
-        ::RegDeleteKeyW(HKEY_CURRENT_USER, backup.c_str());
-    }
+    for (size_t i = saved_.size(); i-- > 0;) Restore(Backup(i));
 }
 
 bool RegistryScope::Set(const std::wstring& key, const std::wstring& name, DWORD type, const std::wstring& data) {

@@ -66,10 +66,12 @@ public:
     bool Set(const std::wstring& key, const std::wstring& name, DWORD type, const std::wstring& data);
     bool Delete(const std::wstring& key, const std::wstring& name);
     static HKEY Root(const std::wstring& key, std::wstring& subKey);
+    // Puts back what a test program that died left changed.
+    static void RestoreLeftovers();
 
 private:
     void Save(const std::wstring& key);
-    std::vector<std::pair<std::wstring, bool>> saved_;  // key, and whether it existed
+    std::vector<std::wstring> saved_;  // in the order their backups are numbered
 };
 
 // One copy of the fixture browser under a program name, in a scratch folder of its own. Its
