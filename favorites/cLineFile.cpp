@@ -12,12 +12,20 @@ std::string ToAnsi(const std::wstring& text) {
     ::WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrow.data(), size, nullptr, nullptr);
     return narrow;
 }
+
+// The stream's own buffer is 4 KiB with this toolchain's runtime: a large file would be a
+// system call every few lines.
+constexpr std::streamsize kStreamBufferSize = 1 << 16;
 }  // namespace
 
 cLineFile::cLineFile(const CStdStr& path) {
     capacity_ = static_cast<std::streamsize>(cFileInformation(path.c_str()).SizeLow());
     buffer_.reset(new (std::nothrow) char[static_cast<std::size_t>(capacity_) + 1]);
     if (buffer_ == nullptr) return;
+    // Set before the file is opened, while the stream can still take a buffer; without one the
+    // stream keeps its own.
+    streamBuffer_.reset(new (std::nothrow) char[static_cast<std::size_t>(kStreamBufferSize)]);
+    if (streamBuffer_ != nullptr) stream_.rdbuf()->pubsetbuf(streamBuffer_.get(), kStreamBufferSize);
     stream_.open(ToAnsi(path), std::ios::in);
 }
 
@@ -39,18 +47,31 @@ bool cLineFile::ReadLine(std::string_view& line) {
 }
 
 std::wstring BytesToWide(std::string_view bytes, unsigned int codePage) {
-    if (bytes.empty()) return std::wstring();
+    std::wstring wide;
+    BytesToWide(bytes, codePage, wide);
+    return wide;
+}
+
+void BytesToWide(std::string_view bytes, unsigned int codePage, std::wstring& wide) {
+    if (bytes.empty()) {
+        wide.clear();
+        return;
+    }
     // No code page gives more characters than bytes, so one call fills the string.
-    std::wstring wide(bytes.size(), L'\0');
+    wide.resize(bytes.size());
     const int count = ::MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()), wide.data(),
                                             static_cast<int>(wide.size()));
     wide.resize(count > 0 ? static_cast<std::wstring::size_type>(count) : 0);
-    return wide;
 }
 
 std::wstring WidenBytes(std::string_view bytes) {
     std::wstring wide;
-    wide.reserve(bytes.size());
-    for (const char byte : bytes) wide.push_back(static_cast<wchar_t>(static_cast<unsigned char>(byte)));
+    WidenBytes(bytes, wide);
     return wide;
+}
+
+void WidenBytes(std::string_view bytes, std::wstring& wide) {
+    wide.resize(bytes.size());
+    for (std::string_view::size_type i = 0; i < bytes.size(); ++i)
+        wide[i] = static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]));
 }

@@ -37,9 +37,10 @@ bool cOperaFavoritesFinder::ReadHotlist(FavoritesList& list) {
         // The end of the file arrives as an exception, so a record it cuts short and an unended last line are lost.
         file->Stream().exceptions(std::ios::badbit | std::ios::failbit | std::ios::eofbit);
         std::string_view bytes;
+        std::wstring line;  // its storage serves every line
         while (file->Stream().good()) {
             if (!file->ReadLine(bytes)) continue;
-            const std::wstring line = BytesToWide(bytes, CP_UTF8);
+            BytesToWide(bytes, CP_UTF8, line);
             (void)ParseHotlistLine(line.c_str(), *file, list);
         }
     } catch (const std::ios_base::failure&) {
