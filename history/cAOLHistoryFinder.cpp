@@ -33,10 +33,12 @@ void cAOLHistoryFinder::ReadHistoryFile(HistoryList& list) {
     // No record is longer than the file, which is the size of the file's line buffer: a string
     // that grows as it is read gives the same records.
     std::string record;
+    HistoryEntry entry;  // its text's storage serves every record; AddEntry copies it into the list
     // Tested after the append: the read that meets the end of the file is an entry too, empty
     // after a last separator.
     do {
         std::getline(stream, record, separator);
-        AddEntry(list, HistoryEntry{CStdStr(WidenBytes(record)), CStdStr()});
+        WidenBytes(record, entry.Text);
+        AddEntry(list, entry);
     } while (stream.good());
 }

@@ -68,11 +68,11 @@ void cNetscapeHistoryFinder::ReadHistoryFile(HistoryList& list) {
 
     // A line without an element repeats the previous address (empty before the first), so
     // blank lines inside the sequence become entries too.
-    CStdStr text;
+    HistoryEntry entry;  // its text's storage serves every line; AddEntry copies it into the list
     while (file->Stream().good() && file->ReadLine(bytes)) {
         LowerCaseLine(bytes, line);
         if (line.find(kSectionEnd) != std::wstring::npos) break;
-        (void)ExtractElementText(line.data(), text);
-        AddEntry(list, HistoryEntry{text, CStdStr()});
+        (void)ExtractElementText(line.data(), entry.Text);
+        AddEntry(list, entry);
     }
 }
