@@ -7,6 +7,8 @@
 #include <objbase.h>
 #include <shlguid.h>
 #include <string>
+#include <string_view>
+#include <vector>
 #include "BenchRegistration.h"
 #include "BenchStores.h"
 #include "core/ComPtr.h"
@@ -15,6 +17,7 @@
 #include "favorites/cAOLFavoritesFinder.h"
 #include "favorites/cFirefoxFavoritesFinder.h"
 #include "favorites/cIEFavoritesFinder.h"
+#include "favorites/cLineFile.h"
 #include "favorites/cOperaFavoritesFinder.h"
 #include "history/cAOLHistoryFinder.h"
 #include "history/cFirefoxHistoryFinder.h"
@@ -27,12 +30,24 @@ namespace {
 constexpr int kFavoritesFolders = 50;
 constexpr int kShortcutsPerFolder = 40;
 
+template <typename List>
+std::vector<std::wstring> Texts(const List& list) {
+    std::vector<std::wstring> texts;
+    for (const auto& entry : list) texts.push_back(entry.Text);
+    return texts;
+}
+
 // One read of a favorites finder, which clears the list it fills.
 template <typename Finder>
 struct FavoritesRead {
+    using List = FavoritesList;
     std::size_t operator()() {
         (void)finder.GetFavorites(list);
         return list.size();
+    }
+    std::vector<std::wstring> ReadTexts() {
+        (void)(*this)();
+        return Texts(list);
     }
     Finder finder;
     FavoritesList list;
@@ -41,21 +56,55 @@ struct FavoritesRead {
 // One read of a history finder; finders append, so every read gets a new list.
 template <typename Finder>
 struct HistoryRead {
+    using List = HistoryList;
     std::size_t operator()() {
         HistoryList list;
         (void)finder.FindHistory(list);
         return list.size();
+    }
+    std::vector<std::wstring> ReadTexts() {
+        HistoryList list;
+        (void)finder.FindHistory(list);
+        return Texts(list);
     }
     Finder finder;
 };
 
 enum class Floor { ReadUtf8, ReadWiden };
 
-// The reader and its floor on the same file, as "Reader/<name>/<size>" and
-// "Floor/<ReadUtf8|ReadWiden>/<name>/<size>".
+// The list a reader hands out, made from its texts and dropped: the allocations every entry
+// needs, whatever reads it.
+template <typename List>
+std::size_t MakeList(const std::vector<std::wstring>& texts) {
+    List list;
+    for (const std::wstring& text : texts) list.Append(typename List::value_type{CStdStr(text), CStdStr()});
+    return list.size();
+}
+
+// The reading model of the line readers without any parsing: the text stream read line by line
+// into the file-sized buffer, each line decoded (or widened) into one reused buffer.
+std::size_t StreamLines(const std::wstring& path, Floor floor) {
+    cLineFile file{CStdStr(path)};
+    std::string_view bytes;
+    std::wstring line;
+    std::size_t lines = 0;
+    while (file.ReadLine(bytes)) {
+        if (floor == Floor::ReadUtf8)
+            BytesToWide(bytes, CP_UTF8, line);
+        else
+            WidenBytes(bytes, line);
+        lines += line.empty() ? 0 : 1;
+    }
+    return lines;
+}
+
+// The reader and its floors on the same file: "Reader/<name>/<size>", the bytes read whole and
+// decoded once "Floor/<ReadUtf8|ReadWiden>/<name>/<size>", the list it fills
+// "Floor/EntryList/<name>/<size>", and for line readers the lines alone
+// "Floor/TextStreamLines/<name>/<size>".
 template <typename Read>
 void RegisterFileReader(const std::string& name, const wchar_t* file, std::string (*generate)(int), int size,
-                        Floor floor) {
+                        Floor floor, bool lineReader = true) {
     const std::string suffix = name + "/" + std::to_string(size);
     Register("Reader/" + suffix, [=](benchmark::State& state) {
         const std::size_t bytes = Stores().Place(file, generate, size);
@@ -77,6 +126,21 @@ void RegisterFileReader(const std::string& name, const wchar_t* file, std::strin
                  if (characters == 0) state.SkipWithError("the store was not read");
                  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * bytes));
              });
+    Register("Floor/EntryList/" + suffix, [=](benchmark::State& state) {
+        (void)Stores().Place(file, generate, size);
+        const std::vector<std::wstring> texts = Read().ReadTexts();
+        std::size_t entries = 0;
+        for (auto _ : state) entries = MakeList<typename Read::List>(texts);
+        if (entries == 0) state.SkipWithError("the reader found nothing to list");
+    });
+    if (!lineReader) return;
+    Register("Floor/TextStreamLines/" + suffix, [=](benchmark::State& state) {
+        (void)Stores().Place(file, generate, size);
+        const std::wstring path = Stores().Path(file);
+        std::size_t lines = 0;
+        for (auto _ : state) lines = StreamLines(path, floor);
+        if (lines == 0) state.SkipWithError("the store was not read");
+    });
 }
 
 // Internet Explorer's Favorites: folders of Internet Shortcut files as the browser writes them.
@@ -156,10 +220,12 @@ void RegisterReaderBenchmarks() {
                                                              100000, Floor::ReadUtf8);
     RegisterFileReader<HistoryRead<cOperaHistoryFinder>>("OperaHistory", BenchStores::kOperaHistory, OperaDirectory,
                                                          10000, Floor::ReadWiden);
+    // The AOL files are not read by lines: favorites are binary records, the history is split at
+    // the separator the file declares.
     RegisterFileReader<FavoritesRead<cAOLFavoritesFinder>>("AOLFavorites", BenchStores::kAOLFavorites, AOLFavorites,
-                                                           10000, Floor::ReadUtf8);
+                                                           10000, Floor::ReadUtf8, false);
     RegisterFileReader<HistoryRead<cAOLHistoryFinder>>("AOLHistory", BenchStores::kAOLHistory, AOLHistory, 10000,
-                                                       Floor::ReadWiden);
+                                                       Floor::ReadWiden, false);
 
     const int shortcuts = kFavoritesFolders * kShortcutsPerFolder;
     const std::string ieSuffix = "IEFavorites/" + std::to_string(shortcuts);
