@@ -6,6 +6,7 @@
 #include <objbase.h>
 #include <cstring>
 #include <iostream>
+#include <vector>
 #include "BenchRegistration.h"
 #include "BenchStores.h"
 #include "FloorTable.h"
@@ -13,6 +14,12 @@
 int main(int argc, char** argv) {
     if (argc == 2 && std::strcmp(argv[1], "--peak-memory-child") == 0) return wbsbench::PeakMemoryChild();
 
+    // Repetitions interleaved unless the command line says otherwise (a later flag wins).
+    std::vector<char*> arguments(argv, argv + argc);
+    char interleave[] = "--benchmark_enable_random_interleaving=true";
+    arguments.insert(arguments.begin() + 1, interleave);
+    argc = static_cast<int>(arguments.size());
+    argv = arguments.data();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     // The Internet Explorer reader asks the shell's objects for each shortcut.

@@ -22,7 +22,9 @@ void RecordValue(const std::string& name, double value);
 // The table of figures against floors, from what this run measured.
 void PrintFloorTable(std::ostream& out);
 
-// How many times a benchmark is repeated; the table takes the fastest repetition.
-constexpr int kRepetitions = 3;
+// How many times a benchmark is repeated; the table takes the fastest repetition. The run
+// interleaves the repetitions of all benchmarks, so each figure's are spread over the run and a
+// busy moment of the machine does not weigh on one benchmark alone.
+constexpr int kRepetitions = 5;
 
 }  // namespace wbsbench

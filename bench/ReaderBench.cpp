@@ -235,14 +235,14 @@ void RegisterReaderBenchmarks() {
         std::size_t entries = 0;
         for (auto _ : state) entries = read();
         state.counters["entries"] = static_cast<double>(entries);
-    });
+    })->Repetitions(3);  // seconds each, spent in the shell's objects
     Register("Floor/ShellWalk/" + ieSuffix, [=](benchmark::State& state) {
         if (!FavoritesTreeMade()) state.SkipWithError("the Favorites folder was not made");
         const std::wstring root = Stores().Path(BenchStores::kFavorites) + L"\\";
         std::size_t walked = 0;
         for (auto _ : state) walked = WalkWithShellObjects(root);
         if (walked != static_cast<std::size_t>(shortcuts)) state.SkipWithError("the walk missed shortcuts");
-    });
+    })->Repetitions(3);
 
     Register("Reader/TypedURLs/50", [](benchmark::State& state) {
         (void)Stores();
