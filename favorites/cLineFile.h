@@ -24,7 +24,7 @@ public:
 private:
     std::unique_ptr<char[]> buffer_;
     std::streamsize capacity_ = 0;
-    // The stream's own buffer; declared first, so it outlives the stream that reads into it.
+    // The stream's own buffer, declared before the stream so that it outlives it.
     std::unique_ptr<char[]> streamBuffer_;
     std::ifstream stream_;
 };
