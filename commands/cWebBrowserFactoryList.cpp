@@ -109,7 +109,9 @@ counted_ptr<iWebBrowser> cWebBrowserFactoryList::FindForegroundWebBrowser(const 
     CProcessFinder* finder = CProcessFinder::Instance(true);
     if (finder == nullptr) return counted_ptr<iWebBrowser>();
     if (window == nullptr) window = ::GetForegroundWindow();
-    // Asked once here as the suite always has; each factory asks again for itself.
+    // Asked once here as the suite always has; each factory asks again for itself, and within
+    // this scope the finder answers them from this one lookup.
+    const CProcessFinder::CommandScope oneLookup(*finder);
     (void)finder->GetForegroundProcessName(window);
     for (iWebBrowserFactory* factory : factories_) {
         iWebBrowser* out = nullptr;
@@ -131,16 +133,13 @@ counted_ptr<iWebBrowser> cWebBrowserFactoryList::FindDefaultWebBrowser() {
 bool cWebBrowserFactoryList::FindDefaultBrowserPath(CStdStr& commandLine) const {
     const CStdStr keyName = Widen(kStartMenuInternetKey);
     cVistaHelper vistaHelper;
-    CRegistry userClients;
-    CRegistry machineClients;
-    (void)userClients.Open(HKEY_CURRENT_USER, keyName.c_str());
-    (void)machineClients.Open(HKEY_LOCAL_MACHINE, keyName.c_str());
-
     // The user's choice first, then the machine's; the client's command is always the one
-    // registered machine-wide.
-    for (const CRegistry* clients : {&userClients, &machineClients}) {
+    // registered machine-wide. The machine's key is opened only when the user's choice fails.
+    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+        CRegistry clients;
         CStdStr clientName;
-        if (clients->ReadStringValue(nullptr, clientName) == ERROR_SUCCESS &&
+        if (clients.Open(root, keyName.c_str()) == ERROR_SUCCESS &&
+            clients.ReadStringValue(nullptr, clientName) == ERROR_SUCCESS &&
             ReadClientCommand(keyName, clientName, commandLine))
             return true;
     }

@@ -1,5 +1,4 @@
 #include "favorites/BookmarkLine.h"
-#include <cwctype>
 #include "favorites/TextCuts.h"
 
 namespace {
@@ -9,26 +8,41 @@ const wchar_t kBookmark[] = L"<DT><A HREF=";
 
 // The HREF value of a bookmark line that does not quote it: from after "=" (past a lone opening
 // quote) up to the first white space or ">".
-std::wstring UnquotedHref(std::wstring_view trimmed) {
+std::wstring_view UnquotedHref(std::wstring_view trimmed) {
     std::wstring_view::size_type begin = std::wstring_view(kBookmark).size();
     if (begin < trimmed.size() && trimmed[begin] == L'"') ++begin;
     std::wstring_view::size_type end = begin;
-    while (end < trimmed.size() && trimmed[end] != L'>' && std::iswspace(static_cast<std::wint_t>(trimmed[end])) == 0)
-        ++end;
-    return std::wstring(trimmed.substr(begin, end - begin));
+    while (end < trimmed.size() && trimmed[end] != L'>' && !IsSpace(trimmed[end])) ++end;
+    return trimmed.substr(begin, end - begin);
+}
+
+// before + inner + ">", in one allocation of the exact size.
+std::wstring Enclosed(std::wstring_view before, const std::wstring& inner) {
+    std::wstring text;
+    text.reserve(before.size() + inner.size() + 1);
+    text.append(before).append(inner).append(1, L'>');
+    return text;
 }
 }  // namespace
 
 BookmarkLine TokenizeBookmarkLine(std::wstring_view line) {
     BookmarkLine parsed;
+    TokenizeBookmarkLine(line, parsed);
+    return parsed;
+}
+
+void TokenizeBookmarkLine(std::wstring_view line, BookmarkLine& parsed) {
+    parsed.kind = BookmarkLineKind::Other;
+    parsed.name.clear();
+    parsed.url.clear();
     std::wstring_view::size_type first = 0;
-    while (first < line.size() && std::iswspace(static_cast<std::wint_t>(line[first])) != 0) ++first;
+    while (first < line.size() && IsSpace(line[first])) ++first;
     const std::wstring_view trimmed = line.substr(first);
-    if (trimmed.empty()) return parsed;
+    if (trimmed.empty()) return;
 
     if (StartsWithNoCase(trimmed, kFolderStart)) {
         parsed.kind = BookmarkLineKind::FolderStart;
-        parsed.name = StripTags(line);
+        StripTags(line, parsed.name);
     } else if (StartsWithNoCase(trimmed, kFolderEnd)) {
         parsed.kind = BookmarkLineKind::FolderEnd;
     } else if (StartsWithNoCase(trimmed, kBookmark)) {
@@ -36,19 +50,19 @@ BookmarkLine TokenizeBookmarkLine(std::wstring_view line) {
         // Only the line's first quoted value is read: in this format it is always the HREF.
         const std::wstring_view::size_type open = line.find(L'"');
         const std::wstring_view::size_type close = open == std::wstring_view::npos ? open : line.find(L'"', open + 1);
-        parsed.url = close == std::wstring_view::npos ? UnquotedHref(trimmed)
-                                                      : std::wstring(line.substr(open + 1, close - open - 1));
-        parsed.name = StripTags(line);
+        parsed.url.assign(close == std::wstring_view::npos ? UnquotedHref(trimmed)
+                                                           : line.substr(open + 1, close - open - 1));
+        StripTags(line, parsed.name);
     }
-    return parsed;
 }
 
-std::wstring FolderStartText(const std::wstring& name) { return L":Start<" + name + L">"; }
+std::wstring FolderStartText(const std::wstring& name) { return Enclosed(L":Start<", name); }
 
-std::wstring FolderEndText(const std::wstring& name) { return L":End<" + name + L">"; }
+std::wstring FolderEndText(const std::wstring& name) { return Enclosed(L":End<", name); }
 
 std::wstring FavoriteText(const std::wstring& name, const std::wstring& url) {
     std::wstring text;
     text.reserve(name.size() + url.size() + 2);
-    return text.append(name).append(1, L'<').append(url).append(1, L'>');
+    text.append(name).append(1, L'<').append(url).append(1, L'>');
+    return text;
 }

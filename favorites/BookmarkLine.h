@@ -14,6 +14,8 @@ struct BookmarkLine {
 };
 
 BookmarkLine TokenizeBookmarkLine(std::wstring_view line);
+// The same into parsed, whose strings' storage serves line after line.
+void TokenizeBookmarkLine(std::wstring_view line, BookmarkLine& parsed);
 
 // The encoded entries of the favorites list.
 std::wstring FolderStartText(const std::wstring& name);

@@ -1,5 +1,4 @@
 #include "favorites/HotlistRecord.h"
-#include <cwctype>
 #include "favorites/TextCuts.h"
 
 namespace {
@@ -11,7 +10,7 @@ constexpr std::wstring_view kUrlKey = L"URL=";
 
 std::wstring_view WithoutLeadingSpace(std::wstring_view text) {
     std::wstring_view::size_type first = 0;
-    while (first < text.size() && std::iswspace(static_cast<std::wint_t>(text[first])) != 0) ++first;
+    while (first < text.size() && IsSpace(text[first])) ++first;
     return text.substr(first);
 }
 

@@ -2,7 +2,11 @@
 #include <cwctype>
 
 namespace {
-bool IsSpace(wchar_t ch) { return std::iswspace(static_cast<std::wint_t>(ch)) != 0; }
+// The C runtime's towlower, ASCII answered without the call as IsSpace is.
+std::wint_t LowerCase(wchar_t ch) {
+    if (ch < 0x80) return static_cast<std::wint_t>(ch >= L'A' && ch <= L'Z' ? ch - L'A' + L'a' : ch);
+    return std::towlower(static_cast<std::wint_t>(ch));
+}
 
 // text without the white space at either end.
 std::wstring_view Trimmed(std::wstring_view text) {
@@ -14,13 +18,17 @@ std::wstring_view Trimmed(std::wstring_view text) {
 }
 }  // namespace
 
+bool IsSpace(wchar_t ch) noexcept {
+    if (ch < 0x80) return ch == L' ' || (ch >= L'\t' && ch <= L'\r');
+    return std::iswspace(static_cast<std::wint_t>(ch)) != 0;
+}
+
 bool StartsWithNoCase(std::wstring_view text, const wchar_t* prefix) {
     if (text.empty() || prefix == nullptr) return false;
     const std::wstring_view start(prefix);
     if (text.size() < start.size()) return false;
     for (std::wstring_view::size_type i = 0; i < start.size(); ++i) {
-        if (std::towlower(static_cast<std::wint_t>(text[i])) != std::towlower(static_cast<std::wint_t>(start[i])))
-            return false;
+        if (LowerCase(text[i]) != LowerCase(start[i])) return false;
     }
     return true;
 }
@@ -35,10 +43,16 @@ CutResult CutRange(std::wstring_view text, std::wstring::size_type from, std::ws
 }
 
 std::wstring StripTags(std::wstring_view text) {
+    std::wstring stripped;
+    StripTags(text, stripped);
+    return stripped;
+}
+
+void StripTags(std::wstring_view text, std::wstring& stripped) {
     // One pass gives what cutting the first tag, trimming and searching again from the start
     // gives: cuts only remove characters, so a trimmed end stays an end and no "<" can appear
     // before the one just cut.
-    std::wstring stripped;
+    stripped.clear();
     stripped.reserve(text.size());
     bool cut = false;
     std::wstring_view::size_type from = 0;
@@ -54,10 +68,9 @@ std::wstring StripTags(std::wstring_view text) {
         cut = true;
     }
     stripped.append(text.substr(from));
-    if (!cut) return stripped;
+    if (!cut) return;
     const std::wstring_view trimmed = Trimmed(stripped);
     const auto lead = static_cast<std::wstring::size_type>(trimmed.data() - stripped.data());
     stripped.resize(lead + trimmed.size());
     stripped.erase(0, lead);
-    return stripped;
 }

@@ -4,6 +4,10 @@
 
 // Text operations of the bookmark and hotlist readers: plain wide strings, no platform calls.
 
+// The C runtime's iswspace. ASCII is answered without the call: every locale classifies it alike,
+// and the readers ask for every character they skip.
+bool IsSpace(wchar_t ch) noexcept;
+
 // True when text is at least as long as prefix and begins with it, letters compared without
 // regard to case. An empty text or a null prefix never matches.
 bool StartsWithNoCase(std::wstring_view text, const wchar_t* prefix);
@@ -19,3 +23,5 @@ CutResult CutRange(std::wstring_view text, std::wstring::size_type from, std::ws
 // trims white space. A "<" with no ">" after it ends the stripping: it and the rest stay as they
 // stand.
 std::wstring StripTags(std::wstring_view text);
+// The same into stripped, whose storage serves call after call; text must not lie in stripped.
+void StripTags(std::wstring_view text, std::wstring& stripped);

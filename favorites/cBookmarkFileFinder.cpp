@@ -1,5 +1,4 @@
 #include "favorites/cBookmarkFileFinder.h"
-#include "favorites/BookmarkLine.h"
 #include "favorites/cLineFile.h"
 
 bool cBookmarkFileFinder::GetFavorites(FavoritesList& list) {
@@ -11,11 +10,11 @@ bool cBookmarkFileFinder::GetFavorites(FavoritesList& list) {
 
 bool cBookmarkFileFinder::ParseBookmarkLine(const wchar_t* line, CStdStr& entry) {
     if (line == nullptr) return false;
-    const BookmarkLine parsed = TokenizeBookmarkLine(line);
-    switch (parsed.kind) {
+    TokenizeBookmarkLine(line, parsed_);
+    switch (parsed_.kind) {
     case BookmarkLineKind::FolderStart:
-        FolderStack.push_back(parsed.name);
-        entry = FolderStartText(parsed.name);
+        FolderStack.push_back(parsed_.name);
+        entry = FolderStartText(parsed_.name);
         return true;
     case BookmarkLineKind::FolderEnd:
         // The document's own closing "</DL>" finds nothing open and gives no entry.
@@ -24,7 +23,7 @@ bool cBookmarkFileFinder::ParseBookmarkLine(const wchar_t* line, CStdStr& entry)
         FolderStack.pop_back();
         return true;
     case BookmarkLineKind::Bookmark:
-        entry = FavoriteText(parsed.name, parsed.url);
+        entry = FavoriteText(parsed_.name, parsed_.url);
         return true;
     case BookmarkLineKind::Other:
         break;
@@ -37,8 +36,9 @@ std::unique_ptr<cLineFile> cBookmarkFileFinder::OpenBookmarkFile() {
     return FindBookmarkFile(path) ? cLineFile::Open(path) : nullptr;
 }
 
-void cBookmarkFileFinder::AppendBookmarkLine(FavoritesList& list, std::string_view bytes, unsigned int codePage) {
-    const std::wstring line = BytesToWide(bytes, codePage);
+void cBookmarkFileFinder::AppendBookmarkLine(FavoritesList& list, std::string_view bytes, unsigned int codePage,
+                                             std::wstring& line) {
+    BytesToWide(bytes, codePage, line);
     CStdStr entry;
-    if (ParseBookmarkLine(line.c_str(), entry)) list.Append(FavoriteEntry{entry, CStdStr()});
+    if (ParseBookmarkLine(line.c_str(), entry)) list.Append(FavoriteEntry{std::move(entry), CStdStr()});
 }

@@ -1,9 +1,11 @@
 #pragma once
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 #include "CStdStr.h"
 #include "FavoritesList.h"
+#include "favorites/BookmarkLine.h"
 #include "favorites/iFavoritesFinder.h"
 
 class cLineFile;
@@ -32,5 +34,10 @@ protected:
     // line buffer cannot be had.
     std::unique_ptr<cLineFile> OpenBookmarkFile();
     // Parses one line of the file, given as bytes in codePage, and appends its entry if it has one.
-    void AppendBookmarkLine(FavoritesList& list, std::string_view bytes, unsigned int codePage);
+    // line holds the decoded text; the caller keeps it from line to line, so its storage is reused.
+    void AppendBookmarkLine(FavoritesList& list, std::string_view bytes, unsigned int codePage, std::wstring& line);
+
+private:
+    // The last line parsed; its strings' storage serves every line.
+    BookmarkLine parsed_;
 };

@@ -12,9 +12,17 @@ std::string ToAnsi(const std::wstring& text) {
     ::WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrow.data(), size, nullptr, nullptr);
     return narrow;
 }
+
+// The stream's own buffer is 4 KiB with this toolchain's runtime: a large file would be a
+// system call every few lines.
+constexpr std::streamsize kStreamBufferSize = 1 << 16;
 }  // namespace
 
 cLineFile::cLineFile(const CStdStr& path) {
+    // The stream's own buffer is set before the file is opened, while the stream can still take
+    // one; without it the stream keeps its own.
+    streamBuffer_.reset(new (std::nothrow) char[static_cast<std::size_t>(kStreamBufferSize)]);
+    if (streamBuffer_ != nullptr) stream_.rdbuf()->pubsetbuf(streamBuffer_.get(), kStreamBufferSize);
     // Opened before it is sized: a browser that replaces its store meanwhile cannot replace the
     // open file, so the size is that of what is read and no line of it can outgrow the buffer.
     stream_.open(ToAnsi(path), std::ios::in);
@@ -43,18 +51,31 @@ bool cLineFile::ReadLine(std::string_view& line) {
 }
 
 std::wstring BytesToWide(std::string_view bytes, unsigned int codePage) {
-    if (bytes.empty()) return std::wstring();
+    std::wstring wide;
+    BytesToWide(bytes, codePage, wide);
+    return wide;
+}
+
+void BytesToWide(std::string_view bytes, unsigned int codePage, std::wstring& wide) {
+    if (bytes.empty()) {
+        wide.clear();
+        return;
+    }
     // No code page gives more characters than bytes, so one call fills the string.
-    std::wstring wide(bytes.size(), L'\0');
+    wide.resize(bytes.size());
     const int count = ::MultiByteToWideChar(codePage, 0, bytes.data(), static_cast<int>(bytes.size()), wide.data(),
                                             static_cast<int>(wide.size()));
     wide.resize(count > 0 ? static_cast<std::wstring::size_type>(count) : 0);
-    return wide;
 }
 
 std::wstring WidenBytes(std::string_view bytes) {
     std::wstring wide;
-    wide.reserve(bytes.size());
-    for (const char byte : bytes) wide.push_back(static_cast<wchar_t>(static_cast<unsigned char>(byte)));
+    WidenBytes(bytes, wide);
     return wide;
+}
+
+void WidenBytes(std::string_view bytes, std::wstring& wide) {
+    wide.resize(bytes.size());
+    for (std::string_view::size_type i = 0; i < bytes.size(); ++i)
+        wide[i] = static_cast<wchar_t>(static_cast<unsigned char>(bytes[i]));
 }

@@ -24,10 +24,15 @@ public:
 private:
     std::unique_ptr<char[]> buffer_;
     std::streamsize capacity_ = 0;
+    // The stream's own buffer, declared before the stream so that it outlives it.
+    std::unique_ptr<char[]> streamBuffer_;
     std::ifstream stream_;
 };
 
 // The bytes of a line in the given code page as wide text.
 std::wstring BytesToWide(std::string_view bytes, unsigned int codePage);
+// The same into wide, whose storage serves line after line without a new allocation.
+void BytesToWide(std::string_view bytes, unsigned int codePage, std::wstring& wide);
 // The bytes of a line widened one to one, as an 8-bit wide stream reads them.
 std::wstring WidenBytes(std::string_view bytes);
+void WidenBytes(std::string_view bytes, std::wstring& wide);

@@ -6,9 +6,10 @@
 bool cNetscapeFavoritesFinder::ReadBookmarkFile(FavoritesList& list) {
     const std::unique_ptr<cLineFile> file = OpenBookmarkFile();
     if (!file) return false;
-    std::string_view line;
+    std::string_view bytes;
+    std::wstring line;
     while (file->Stream().good()) {
-        if (file->ReadLine(line)) AppendBookmarkLine(list, line, CP_ACP);
+        if (file->ReadLine(bytes)) AppendBookmarkLine(list, bytes, CP_ACP, line);
     }
     return true;
 }

@@ -37,9 +37,10 @@ bool cOperaFavoritesFinder::ReadHotlist(FavoritesList& list) {
         // The end of the file arrives as an exception, so a record it cuts short and an unended last line are lost.
         file->Stream().exceptions(std::ios::badbit | std::ios::failbit | std::ios::eofbit);
         std::string_view bytes;
+        std::wstring line;  // its storage serves every line
         while (file->Stream().good()) {
             if (!file->ReadLine(bytes)) continue;
-            const std::wstring line = BytesToWide(bytes, CP_UTF8);
+            BytesToWide(bytes, CP_UTF8, line);
             (void)ParseHotlistLine(line.c_str(), *file, list);
         }
     } catch (const std::ios_base::failure&) {
@@ -63,11 +64,11 @@ bool cOperaFavoritesFinder::FindHotlistFile(CStdStr& path) {
 
 bool cOperaFavoritesFinder::ParseHotlistLine(const wchar_t* line, cLineFile& file, FavoritesList& list) {
     if (line == nullptr) return false;
-    const HotlistRecord record = ReadHotlistRecord(line, [&file] { return NextLine(file); });
+    HotlistRecord record = ReadHotlistRecord(line, [&file] { return NextLine(file); });
     switch (record.kind) {
     case HotlistRecordKind::FolderStart:
-        FolderStack.push_back(record.name);
-        AddFolderStart(list, record.name);
+        FolderStack.push_back(CStdStr(std::move(record.name)));
+        AddFolderStart(list, FolderStack.back());
         return true;
     case HotlistRecordKind::FolderEnd: {
         // A "-" with nothing open gives no entry.
@@ -78,7 +79,8 @@ bool cOperaFavoritesFinder::ParseHotlistLine(const wchar_t* line, cLineFile& fil
         return true;
     }
     case HotlistRecordKind::Link:
-        AddFavorite(list, record.name, record.url);
+        // The record's strings become the arguments as they are, without a copy.
+        AddFavorite(list, CStdStr(std::move(record.name)), CStdStr(std::move(record.url)));
         return true;
     case HotlistRecordKind::Other:
         break;

@@ -1,23 +1,31 @@
 #include "favorites/iFavoritesFinder.h"
+#include <initializer_list>
+#include <string_view>
 #ifndef NDEBUG
 #include <windows.h>
 #endif
 
 namespace {
-void Append(FavoritesList& list, std::wstring text) { list.Append(FavoriteEntry{CStdStr(std::move(text)), CStdStr()}); }
+// Appends the entry whose text is the pieces one after the other, made in one allocation of the
+// exact size and moved into the list.
+void Append(FavoritesList& list, std::initializer_list<std::wstring_view> pieces) {
+    std::wstring::size_type size = 0;
+    for (const std::wstring_view piece : pieces) size += piece.size();
+    CStdStr text;
+    text.reserve(size);
+    for (const std::wstring_view piece : pieces) text.append(piece);
+    list.Append(FavoriteEntry{std::move(text), CStdStr()});
+}
 }  // namespace
 
-void iFavoritesFinder::AddFolderStart(FavoritesList& list, const CStdStr& name) { Append(list, L":Start<" + name + L">"); }
+void iFavoritesFinder::AddFolderStart(FavoritesList& list, const CStdStr& name) { Append(list, {L":Start<", name, L">"}); }
 
-void iFavoritesFinder::AddFolderEnd(FavoritesList& list, const CStdStr& name) { Append(list, L":End<" + name + L">"); }
+void iFavoritesFinder::AddFolderEnd(FavoritesList& list, const CStdStr& name) { Append(list, {L":End<", name, L">"}); }
 
 void iFavoritesFinder::AddFavorite(FavoritesList& list, const CStdStr& name, const CStdStr& url) {
-    // The trace goes to the debugger in debug builds only.
-    const std::wstring trace = L"Adding favorite [" + name + L"]<" + url + L">";
 #ifndef NDEBUG
-    ::OutputDebugStringW((trace + L"\n").c_str());
-#else
-    (void)trace;
+    // The trace goes to the debugger in debug builds only; a release build does not compose it.
+    ::OutputDebugStringW((L"Adding favorite [" + name + L"]<" + url + L">\n").c_str());
 #endif
-    Append(list, name + L"<" + url + L">");
+    Append(list, {name, L"<", url, L">"});
 }

@@ -34,12 +34,13 @@ void cAOLHistoryFinder::ReadHistoryFile(HistoryList& list) {
     // No record is longer than the file, which is the size of the file's line buffer: a string
     // that grows as it is read gives the same records.
     std::string record;
+    HistoryEntry entry;  // its text's storage serves every record; AddEntry copies it into the list
     // Tested after the append: the read that meets the end of the file is an entry too, empty
     // after a last separator.
     do {
         std::getline(stream, record, separator);
         // A record ends at its first NUL, as a line does.
-        const std::string_view text = std::string_view(record).substr(0, record.find('\0'));
-        AddEntry(list, HistoryEntry{CStdStr(WidenBytes(text)), CStdStr()});
+        WidenBytes(std::string_view(record).substr(0, record.find('\0')), entry.Text);
+        AddEntry(list, entry);
     } while (stream.good());
 }

@@ -11,10 +11,11 @@ void cFirefoxHistoryFinder::ReadHistoryFile(HistoryList& list) {
     if (!file) return;
     // Every element written on one line anywhere in the file counts, not only the URL bar's.
     std::string_view bytes;
+    std::wstring line;    // its storage serves every line
+    HistoryEntry entry;   // so does its text's; AddEntry copies it into the list
     while (file->Stream().good()) {
         if (!file->ReadLine(bytes)) break;
-        std::wstring line = WidenBytes(bytes);
-        CStdStr text;
-        if (ExtractElementText(line.data(), text)) AddEntry(list, HistoryEntry{text, CStdStr()});
+        WidenBytes(bytes, line);
+        if (ExtractElementText(line.data(), entry.Text)) AddEntry(list, entry);
     }
 }

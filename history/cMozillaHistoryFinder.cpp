@@ -14,8 +14,9 @@ std::unique_ptr<cLineFile> cMozillaHistoryFinder::OpenHistoryFile() {
 
 bool cMozillaHistoryFinder::ExtractElementText(wchar_t* line, CStdStr& text) {
     if (line == nullptr) return false;
-    std::optional<std::wstring> found = ::ExtractElementText(line);
+    const std::optional<std::wstring_view> found = ElementTextIn(line);
     if (!found) return false;
-    text = std::move(*found);
+    // Assigned into what text holds, so a text kept from line to line needs no new storage.
+    text.assign(found->data(), found->size());
     return true;
 }

@@ -33,10 +33,9 @@ bool ReadNavigatorProfileName(CStdStr& name) {
     return true;
 }
 
-std::wstring LowerCaseLine(std::string_view bytes) {
-    std::wstring line = WidenBytes(bytes);
+void LowerCaseLine(std::string_view bytes, std::wstring& line) {
+    WidenBytes(bytes, line);
     LowerCaseInPlace(line);
-    return line;
 }
 }  // namespace
 
@@ -59,18 +58,21 @@ void cNetscapeHistoryFinder::ReadHistoryFile(HistoryList& list) {
     if (!file) return;
 
     std::string_view bytes;
+    std::wstring line;  // its storage serves every line
     bool inSection = false;
-    while (!inSection && file->ReadLine(bytes))
-        inSection = LowerCaseLine(bytes).find(kSectionStart) != std::wstring::npos;
+    while (!inSection && file->ReadLine(bytes)) {
+        LowerCaseLine(bytes, line);
+        inSection = line.find(kSectionStart) != std::wstring::npos;
+    }
     if (!inSection) return;
 
     // A line without an element repeats the previous address (empty before the first), so
     // blank lines inside the sequence become entries too.
-    CStdStr text;
+    HistoryEntry entry;  // its text's storage serves every line; AddEntry copies it into the list
     while (file->Stream().good() && file->ReadLine(bytes)) {
-        std::wstring line = LowerCaseLine(bytes);
+        LowerCaseLine(bytes, line);
         if (line.find(kSectionEnd) != std::wstring::npos) break;
-        (void)ExtractElementText(line.data(), text);
-        AddEntry(list, HistoryEntry{text, CStdStr()});
+        (void)ExtractElementText(line.data(), entry.Text);
+        AddEntry(list, entry);
     }
 }

@@ -29,9 +29,11 @@ bool cOperaHistoryFinder::ReadHistoryFile(HistoryList& list) {
     if (file->Stream().good()) (void)file->ReadLine(bytes);  // the header line
     if (!file->Stream().good()) return false;
     // Tested after the append: the read that meets the end of the file is an entry too, empty after a last line feed.
+    HistoryEntry entry;  // its text's storage serves every line; AddEntry copies it into the list
     do {
         (void)file->ReadLine(bytes);
-        AddEntry(list, HistoryEntry{CStdStr(WidenBytes(bytes)), CStdStr()});
+        WidenBytes(bytes, entry.Text);
+        AddEntry(list, entry);
     } while (file->Stream().good());
     return true;
 }

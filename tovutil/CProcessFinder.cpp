@@ -33,9 +33,20 @@ CStdStr CProcessFinder::GetProcessName(DWORD processId) const {
 
 CStdStr CProcessFinder::GetForegroundProcessName(HWND window) const {
     if (window == nullptr) return CStdStr();
+    if (scopes_ > 0 && window == namedWindow_) return programName_;
     DWORD processId = 0;
-    if (::GetWindowThreadProcessId(window, &processId) == 0) return CStdStr();
-    return GetProcessName(processId);
+    CStdStr name = ::GetWindowThreadProcessId(window, &processId) == 0 ? CStdStr() : GetProcessName(processId);
+    if (scopes_ > 0) {
+        namedWindow_ = window;
+        programName_ = name;
+    }
+    return name;
+}
+
+CProcessFinder::CommandScope::~CommandScope() {
+    if (--finder_.scopes_ > 0) return;
+    finder_.namedWindow_ = nullptr;
+    finder_.programName_.clear();
 }
 
 CStdStr CProcessFinder::GetForegroundProcessName() const {

@@ -18,4 +18,24 @@ public:
     // The foreground window, waiting a short while (at most about a second) for one to exist;
     // null when there is still none.
     HWND WaitForegroundWindow() const noexcept;
+
+    // While one lives, the finder names the program behind a window once: asked again for the
+    // same window, it answers from that lookup. A command holds one while every factory asks
+    // for the name of the same window; once the last scope ends the finder looks up afresh.
+    class CommandScope {
+    public:
+        explicit CommandScope(const CProcessFinder& finder) noexcept : finder_(finder) { ++finder_.scopes_; }
+        ~CommandScope();
+        CommandScope(const CommandScope&) = delete;
+        CommandScope& operator=(const CommandScope&) = delete;
+
+    private:
+        const CProcessFinder& finder_;
+    };
+
+private:
+    mutable int scopes_ = 0;
+    // The last window named inside a scope, and its program's name.
+    mutable HWND namedWindow_ = nullptr;
+    mutable CStdStr programName_;
 };
