@@ -44,7 +44,7 @@ namespace {
     L"Prints the driver that serves the command, then \"delivered\"; when the command was not\n"     \
     L"delivered, one line on stderr says so and the exit code is 1.\n"
 
-const CommandSpec kCommands[] = {
+const CommandForm kCommands[] = {
     {L"back", WindowUse::Any, false, false, true,
      L"usage: wbs back [--window <hwnd>] [--json]\n"
      L"\n"
@@ -175,9 +175,9 @@ const CommandSpec kCommands[] = {
 
 }  // namespace
 
-const CommandSpec* FindCommand(const wchar_t* name) {
-    for (const CommandSpec& spec : kCommands)
-        if (std::wcscmp(spec.name, name) == 0) return &spec;
+const CommandForm* FindCommand(const wchar_t* name) {
+    for (const CommandForm& form : kCommands)
+        if (std::wcscmp(form.name, name) == 0) return &form;
     return nullptr;
 }
 

@@ -11,7 +11,7 @@ enum class WindowUse {
     FrontOnly,  // only with --browser front
 };
 
-struct CommandSpec {
+struct CommandForm {
     const wchar_t* name;
     WindowUse window;
     bool lists;      // takes --browser (needed) and, for favorites, --tree
@@ -21,7 +21,7 @@ struct CommandSpec {
 };
 
 // The command of that name; null for none.
-const CommandSpec* FindCommand(const wchar_t* name);
+const CommandForm* FindCommand(const wchar_t* name);
 
 // The list of commands, options and exit codes that "wbs --help" prints.
 extern const wchar_t kUsage[];

@@ -15,15 +15,15 @@ int Fail(const std::wstring& message) {
 }
 
 // The usage error of arguments that the command does not take; empty when they all fit.
-std::wstring Misfit(const wbs::CommandSpec& spec, const wbs::Arguments& args) {
-    const std::wstring name = spec.name;
-    if (args.window && spec.window == wbs::WindowUse::None) return name + L" does not take --window";
-    if (!args.browser.empty() && !spec.lists) return name + L" does not take --browser";
-    if (args.tree && !(spec.lists && name == L"list-favorites")) return name + L" does not take --tree";
-    if (args.json && !spec.printsJson) return name + L" does not take --json";
-    if (spec.takesUrl && args.operands.size() != 1) return name + L" takes exactly one URL";
-    if (!spec.takesUrl && !args.operands.empty()) return L"unexpected argument " + args.operands[0];
-    if (spec.lists) {
+std::wstring Misfit(const wbs::CommandForm& form, const wbs::Arguments& args) {
+    const std::wstring name = form.name;
+    if (args.window && form.window == wbs::WindowUse::None) return name + L" does not take --window";
+    if (!args.browser.empty() && !form.lists) return name + L" does not take --browser";
+    if (args.tree && !(form.lists && name == L"list-favorites")) return name + L" does not take --tree";
+    if (args.json && !form.printsJson) return name + L" does not take --json";
+    if (form.takesUrl && args.operands.size() != 1) return name + L" takes exactly one URL";
+    if (!form.takesUrl && !args.operands.empty()) return L"unexpected argument " + args.operands[0];
+    if (form.lists) {
         if (args.browser.empty()) return name + L" needs --browser (a family, front or default)";
         if (args.json && args.tree) return L"--json and --tree do not go together";
         if (args.window && args.browser != L"front") return L"--window goes only with --browser front";
@@ -52,21 +52,21 @@ int wmain(int argc, wchar_t** argv) {
             wbs::Print(wbs::kUsage);
             return wbs::Delivered;
         }
-        const wbs::CommandSpec* spec = wbs::FindCommand(topic.c_str());
-        if (spec == nullptr) return Fail(L"unknown command " + topic);
-        wbs::Print(spec->usage);
+        const wbs::CommandForm* form = wbs::FindCommand(topic.c_str());
+        if (form == nullptr) return Fail(L"unknown command " + topic);
+        wbs::Print(form->usage);
         return wbs::Delivered;
     }
     if (args.version) return wbs::Version(args);
     if (args.command.empty()) return Fail(L"no command given");
 
-    const wbs::CommandSpec* spec = wbs::FindCommand(args.command.c_str());
-    if (spec == nullptr) return Fail(L"unknown command " + args.command);
-    const std::wstring misfit = Misfit(*spec, args);
+    const wbs::CommandForm* form = wbs::FindCommand(args.command.c_str());
+    if (form == nullptr) return Fail(L"unknown command " + args.command);
+    const std::wstring misfit = Misfit(*form, args);
     if (!misfit.empty()) return Fail(misfit);
 
     if (args.command == L"which") return wbs::Which(args);
     if (args.command == L"page") return wbs::Page(args);
-    if (spec->lists) return wbs::List(args);
+    if (form->lists) return wbs::List(args);
     return wbs::Deliver(args);
 }
