@@ -156,10 +156,16 @@ HKEY RegistryScope::Root(const std::wstring& key, std::wstring& subKey) {
 namespace {
 const wchar_t kBackups[] = L"Software\\WebBrowserSupportTestBackups";
 
-// Backup N of the scope's keys: the value "Key" names the key it stands for, its subkey "Tree"
-// holds the key's copy when the key existed. A backup that is still there when a test program
-// starts was left by one that died; it is put back then.
-std::wstring Backup(size_t index) { return std::wstring(kBackups) + L"\\" + std::to_wstring(index); }
+// A backup's value "Key" names the key it stands for, its subkey "Tree" holds the key's copy when
+// the key existed. Its name, the process id and a count, is unique among every scope of every
+// process and sorts in the order the backups were made. A backup that is still there when a test
+// program starts was left by one that died; it is put back then.
+std::wstring NewBackup() {
+    static unsigned made = 0;
+    wchar_t name[32];
+    std::swprintf(name, 32, L"\\%08lx-%08x", ::GetCurrentProcessId(), made++);
+    return kBackups + std::wstring(name);
+}
 
 void Restore(const std::wstring& backup) {
     wchar_t key[1024] = {};
@@ -181,13 +187,22 @@ void Restore(const std::wstring& backup) {
 }  // namespace
 
 void RegistryScope::RestoreLeftovers() {
-    for (size_t i = 256; i-- > 0;) Restore(Backup(i));
+    std::vector<std::wstring> backups;
+    HKEY key = nullptr;
+    if (::RegOpenKeyExW(HKEY_CURRENT_USER, kBackups, 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+    wchar_t name[64];
+    for (DWORD i = 0, size = 64; ::RegEnumKeyExW(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+         ++i, size = 64)
+        backups.push_back(kBackups + (L"\\" + std::wstring(name)));
+    ::RegCloseKey(key);
+    std::sort(backups.rbegin(), backups.rend());
+    for (const std::wstring& backup : backups) Restore(backup);
 }
 
 // Keys a test changes are copied aside first, once each, and copied back afterwards.
 void RegistryScope::Save(const std::wstring& key) {
     for (const auto& saved : saved_)
-        if (saved == key) return;
+        if (saved.first == key) return;
     std::wstring subKey;
     const HKEY root = Root(key, subKey);
     HKEY handle = nullptr;
@@ -201,12 +216,10 @@ void RegistryScope::Save(const std::wstring& key) {
             break;
         }
         Save(key.substr(0, key.size() - subKey.size()) + parent);
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, Backup(saved_.size()).c_str());  // goes with its parent
-        saved_.push_back(key);
+        saved_.emplace_back(key, L"");  // goes with its parent
         return;
     }
-    const std::wstring backup = Backup(saved_.size());
-    ::RegDeleteTreeW(HKEY_CURRENT_USER, backup.c_str());
+    const std::wstring backup = NewBackup();
     ::RegSetKeyValueW(HKEY_CURRENT_USER, backup.c_str(), L"Key", REG_SZ, key.c_str(),
                       static_cast<DWORD>((key.size() + 1) * sizeof(wchar_t)));
     if (existed) {
@@ -217,11 +230,12 @@ void RegistryScope::Save(const std::wstring& key) {
         ::RegCloseKey(copy);
         ::RegCloseKey(handle);
     }
-    saved_.push_back(key);
+    saved_.emplace_back(key, backup);
 }
 
 RegistryScope::~RegistryScope() {
-    for (size_t i = saved_.size(); i-- > 0;) Restore(Backup(i));
+    for (size_t i = saved_.size(); i-- > 0;)
+        if (!saved_[i].second.empty()) Restore(saved_[i].second);
 }
 
 bool RegistryScope::Set(const std::wstring& key, const std::wstring& name, DWORD type, const std::wstring& data) {

@@ -71,7 +71,7 @@ public:
 
 private:
     void Save(const std::wstring& key);
-    std::vector<std::wstring> saved_;  // in the order their backups are numbered
+    std::vector<std::pair<std::wstring, std::wstring>> saved_;  // key, its backup (none: its parent's)
 };
 
 // One copy of the fixture browser under a program name, in a scratch folder of its own. Its
